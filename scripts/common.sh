@@ -1,0 +1,34 @@
+# Shared by scripts/run and scripts/test: installs what is missing, then builds.
+set -euo pipefail
+
+ROOT="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
+BUILD="$ROOT/build"
+
+# Everything the project needs on a fresh Debian 12: the toolchain, Qt 6, GoogleTest, the
+# fonts our pages use, and the independent readers our tests check exports with.
+PACKAGES=(
+  cmake g++ ninja-build pkg-config
+  qt6-base-dev qt6-svg-dev qt6-multimedia-dev qt6-qpa-plugins libqt6svg6
+  libgtest-dev libgmock-dev zlib1g-dev
+  fonts-liberation2
+  ghostscript libwmf-bin poppler-utils
+  xvfb x11-apps imagemagick
+)
+
+install_missing() {
+  local missing=()
+  for p in "${PACKAGES[@]}"; do
+    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+  echo "Installing: ${missing[*]}"
+  local sudo=""
+  [ "$(id -u)" -ne 0 ] && sudo="sudo"
+  $sudo apt-get update -qq
+  DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
+}
+
+build() {
+  cmake -S "$ROOT" -B "$BUILD" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+  cmake --build "$BUILD" -j "$(nproc)"
+}

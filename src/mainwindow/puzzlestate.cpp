@@ -1,0 +1,5 @@
+#include "mainwindow/puzzlestate.h"
+
+uint8_t PuzzleMode = ConstructMode;
+bool PuzzleChanged = false;
+QString CurrentPuzzlePath;

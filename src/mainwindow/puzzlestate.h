@@ -1,0 +1,15 @@
+#pragma once
+// Puzzle-wide state kept with the main window and read by every window.
+
+#include <QString>
+
+#include <cstdint>
+
+constexpr uint8_t SolveMode = 1;
+constexpr uint8_t DesignMode = 2;
+constexpr uint8_t ConstructMode = 4;
+
+extern uint8_t PuzzleMode;
+// Edited since the puzzle was last read or written.
+extern bool PuzzleChanged;
+extern QString CurrentPuzzlePath;

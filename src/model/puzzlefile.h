@@ -1,0 +1,52 @@
+#pragma once
+// The .xwd file: one fixed-size record with no header, told apart from the older
+// version 5 by its length alone. Both are little-endian whatever the host.
+
+#include "model/puzzle.h"
+
+#include <QString>
+
+#include <stdexcept>
+
+constexpr int PuzzleFileSize = 17818;
+constexpr int PuzzleFile5Size = 14156;
+constexpr int Clue5Length = 60;
+constexpr int Clue5Slots = 179;
+
+// A file that cannot be opened, read or written, or does not hold a puzzle.
+class TPuzzleIOError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// Pure conversions between a record and its bytes.
+QByteArray EncodePuzzle(const TPuzzle &p);
+TPuzzle DecodePuzzle(const QByteArray &bytes);  // at least 17818 bytes; extra bytes ignored
+QByteArray EncodePuzzle5(const TPuzzle &p);
+// The version-5 record converted to the current one; throws when its byline field
+// marks a language that is not a digit.
+TPuzzle ConvertPuzzle5(const QByteArray &bytes);
+
+enum class PuzzleFormat { Version5 = 5, Current = 6 };
+
+struct TLoadedPuzzle {
+    TPuzzle Puzzle;
+    PuzzleFormat Format = PuzzleFormat::Current;
+};
+
+// Reads a file as the program opens one, current version first, then version 5, but
+// never rewrites it.
+TLoadedPuzzle LoadPuzzleFile(const QString &path);
+
+// The operations on the one Puzzle. Every failure throws TPuzzleIOError, and a failed
+// read leaves Puzzle as it was.
+void ReadPuzzle(const QString &path);
+// Converts a version-5 file and rewrites it in the current version at once.
+void ReadPuzzle5(const QString &path);
+// Atomic: an interrupted or failed write leaves the old file whole. Clears PuzzleChanged.
+void WritePuzzle(const QString &path);
+void WritePuzzle5(const QString &path);
+void OpenPuzzleFile(const QString &path);
+
+// Writes bytes atomically, or throws.
+void WriteFileAtomically(const QString &path, const QByteArray &bytes);

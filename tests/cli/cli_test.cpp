@@ -1,0 +1,187 @@
+#include "model/puzzlefile.h"
+#include "model/puzzletext.h"
+#include "testsupport.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct CliRun {
+    int code;
+    QString out;
+    QString err;
+};
+
+CliRun cli(const QStringList &args)
+{
+    QProcess p;
+    p.start(QStringLiteral(QUILLMARK_CLI), args);
+    EXPECT_TRUE(p.waitForFinished(30000));
+    return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()), QString::fromUtf8(p.readAllStandardError())};
+}
+
+QByteArray readAll(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+const char *const Clued =
+    "size 11\nbyline Zoë Maker\nlanguage 4\ngrid\n"
+    "CAT#DOG#EEL\n...........\n...........\n...........\n...........\n"
+    "...........\n...........\n...........\n...........\n...........\n?........#.\n"
+    "clues\n1A Purring pet\n4A Barking “pet”\n";
+
+QString writeClued(const TScratchDir &dir)
+{
+    const QString path = dir.path("clued.xwd");
+    WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(QString::fromUtf8(Clued))));
+    return path;
+}
+
+}  // namespace
+
+TEST(Cli, InfoShowsTheSpecificationLinesAndTheRest)
+{
+    TScratchDir dir;
+    const CliRun r = cli({"info", writeClued(dir)});
+    ASSERT_EQ(r.code, 0) << r.err.toStdString();
+    const QStringList lines = r.out.split(u'\n');
+    ASSERT_GE(lines.size(), 6);
+    EXPECT_EQ(lines[0], " Size of Grid: 11×");
+    EXPECT_EQ(lines[1], " Black Squares: 3  Par: 20");
+    EXPECT_EQ(lines[2], " Word Count: 24  Par: 40");
+    EXPECT_EQ(lines[3], QString::fromUtf8("Byline: Zoë Maker"));
+    EXPECT_EQ(lines[4], "Language: 4 (German)");
+    EXPECT_EQ(lines[5], "Grid full: no");
+}
+
+TEST(Cli, InfoJsonListsEveryWordInSlotOrder)
+{
+    TScratchDir dir;
+    const QString path = writeClued(dir);
+    const QByteArray before = readAll(path);
+    const CliRun r = cli({"info", "--json", path});
+    ASSERT_EQ(r.code, 0) << r.err.toStdString();
+    const QJsonObject o = QJsonDocument::fromJson(r.out.toUtf8()).object();
+    EXPECT_EQ(o["size"].toInt(), 11);
+    EXPECT_EQ(o["blackSquares"].toInt(), 3);
+    EXPECT_EQ(o["wordPar"].toInt(), 40);
+    EXPECT_EQ(o["full"].toBool(true), false);
+    EXPECT_EQ(o["format"].toInt(), 6);
+    EXPECT_EQ(o["language"].toInt(), 4);
+    EXPECT_EQ(o["byline"].toString(), QString::fromUtf8("Zoë Maker"));
+    const QJsonArray entries = o["entries"].toArray();
+    ASSERT_EQ(entries.size(), o["words"].toInt());
+    const QJsonObject first = entries[0].toObject();
+    EXPECT_EQ(first["number"].toInt(), 1);
+    EXPECT_EQ(first["direction"].toString(), "across");
+    EXPECT_EQ(first["answer"].toString(), "CAT");
+    EXPECT_EQ(first["clue"].toString(), "Purring pet");
+    const QJsonObject down = entries[1].toObject();
+    EXPECT_EQ(down["direction"].toString(), "down");
+    EXPECT_EQ(down["slot"].toInt(), 0);
+    EXPECT_EQ(down["clue"].toString(), "");
+    EXPECT_EQ(down["answer"].toString(), "C.........?") << "empty squares read '.', open ones '?'";
+    const QJsonObject dog = entries[4].toObject();
+    EXPECT_EQ(dog["column"].toInt(), 5);
+    EXPECT_EQ(dog["slot"].toInt(), 5);
+    EXPECT_EQ(dog["clue"].toString(), QString::fromUtf8("Barking “pet”"));
+    EXPECT_EQ(readAll(path), before) << "info never writes";
+}
+
+TEST(Cli, Version5FilesAreReadButNotRewritten)
+{
+    TScratchDir dir;
+    const QString current = writeClued(dir);
+    const QString old = dir.path("old.xwd");
+    ASSERT_EQ(cli({"convert", "--version5", current, old}).code, 0);
+    EXPECT_EQ(readAll(old).size(), PuzzleFile5Size);
+
+    const CliRun r = cli({"info", "--json", old});
+    ASSERT_EQ(r.code, 0);
+    EXPECT_EQ(QJsonDocument::fromJson(r.out.toUtf8()).object()["format"].toInt(), 5);
+    EXPECT_EQ(readAll(old).size(), PuzzleFile5Size);
+
+    const QString back = dir.path("back.xwd");
+    ASSERT_EQ(cli({"convert", old, back}).code, 0);
+    EXPECT_EQ(readAll(back).size(), PuzzleFileSize);
+    EXPECT_EQ(DecodePuzzle(readAll(back)).clue(5), DecodePuzzle(readAll(current)).clue(5));
+}
+
+TEST(Cli, NewWritesAnEmptyPuzzleOfALegalSize)
+{
+    TScratchDir dir;
+    const QString out = dir.path("new.xwd");
+    const CliRun r = cli({"new", "--size", "13", "--language", "french", "--byline", "Jo", out});
+    ASSERT_EQ(r.code, 0) << r.err.toStdString();
+    const TPuzzle p = DecodePuzzle(readAll(out));
+    EXPECT_EQ(p.Size, 13);
+    EXPECT_EQ(p.Language, 1);
+    EXPECT_EQ(p.Byline.text(), "Jo");
+    EXPECT_EQ(WordCount(p), 26);
+
+    for (const char *size : {"12", "9", "25", "x"}) {
+        const CliRun bad = cli({"new", "--size", size, dir.path("bad.xwd")});
+        EXPECT_EQ(bad.code, 1) << size;
+        EXPECT_TRUE(bad.err.contains("--size")) << bad.err.toStdString();
+        EXPECT_FALSE(QFile::exists(dir.path("bad.xwd")));
+    }
+    EXPECT_EQ(cli({"new", "--size", "11", "--language", "Klingon", out}).code, 1);
+}
+
+TEST(Cli, UnreadableInputAndBadArgumentsFailWithOneLine)
+{
+    TScratchDir dir;
+    QFile f(dir.path("short.xwd"));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(QByteArray(100, 'x'));
+    f.close();
+
+    for (const QStringList &args : {QStringList{"info", dir.path("short.xwd")}, QStringList{"info", dir.path("none.xwd")},
+                                    QStringList{"convert", dir.path("short.xwd"), dir.path("out.xwd")}}) {
+        const CliRun r = cli(args);
+        EXPECT_EQ(r.code, 2);
+        EXPECT_EQ(r.err, "quillmark-cli: Puzzle not in Quillmark format or is corrupt.\n");
+        EXPECT_TRUE(r.out.isEmpty());
+    }
+    EXPECT_FALSE(QFile::exists(dir.path("out.xwd")));
+    EXPECT_EQ(readAll(dir.path("short.xwd")), QByteArray(100, 'x'));
+
+    for (const QStringList &args : {QStringList{}, QStringList{"frobnicate"}, QStringList{"info"},
+                                    QStringList{"info", "--xml", "a.xwd"}, QStringList{"new", "--size"}}) {
+        const CliRun r = cli(args);
+        EXPECT_EQ(r.code, 1) << args.join(' ').toStdString();
+        EXPECT_EQ(r.err.count(u'\n'), 1);
+    }
+    const CliRun help = cli({"--help"});
+    EXPECT_EQ(help.code, 0);
+    for (const char *command : {"info", "new", "convert", "import", "export-text"})
+        EXPECT_TRUE(help.out.contains(command));
+}
+
+TEST(Cli, ImportAndExportTextRoundTrip)
+{
+    TScratchDir dir;
+    QFile text(dir.path("p.txt"));
+    ASSERT_TRUE(text.open(QIODevice::WriteOnly));
+    text.write(Clued);
+    text.close();
+    ASSERT_EQ(cli({"import", dir.path("p.txt"), dir.path("p.xwd")}).code, 0);
+    const CliRun r = cli({"export-text", dir.path("p.xwd"), "-"});
+    ASSERT_EQ(r.code, 0);
+    EXPECT_EQ(PuzzleToText(PuzzleFromText(r.out)), PuzzleToText(PuzzleFromText(QString::fromUtf8(Clued))));
+
+    text.open(QIODevice::WriteOnly);
+    text.write("size 11\ngrid\nABC\n");
+    text.close();
+    const CliRun bad = cli({"import", dir.path("p.txt"), dir.path("q.xwd")});
+    EXPECT_EQ(bad.code, 2);
+    EXPECT_TRUE(bad.err.contains("line 3")) << bad.err.toStdString();
+}

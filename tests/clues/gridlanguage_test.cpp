@@ -1,0 +1,42 @@
+#include "clues/gridlanguage.h"
+
+#include <gtest/gtest.h>
+
+TEST(GridLanguages, EveryLanguageAdmitsTheBaseSet)
+{
+    for (int language = 0; language < GridLanguageCount; ++language) {
+        const TCharSet set = GridCharSetFor(language);
+        for (int code : {8, 13, 32, 43, int('A'), int('M'), int('Z')})
+            EXPECT_TRUE(set.test(code)) << language << " " << code;
+        for (int code : {int('a'), int('z'), int('?'), 0, 7, 233})
+            EXPECT_FALSE(set.test(code)) << language << " " << code;
+    }
+}
+
+TEST(GridLanguages, AccentedCapitalsFollowTheLanguage)
+{
+    constexpr int EAcute = 201;
+    for (int language = 0; language < GridLanguageCount; ++language) {
+        const bool admits = language == 1 || language == 2 || language == 3 || language == 8;
+        EXPECT_EQ(GridCharSetFor(language).test(EAcute), admits) << GridLanguageName(language).toStdString();
+    }
+    EXPECT_TRUE(GridCharSetFor(4).test(196));   // German Ä
+    EXPECT_TRUE(GridCharSetFor(4).test(223));   // ß
+    EXPECT_EQ(GridCharSetFor(6), GridCharSetFor(7)) << "Norwegian and Danish admit the same letters";
+    EXPECT_FALSE(GridCharSetFor(8).test(215)) << "multiplication sign";
+    EXPECT_FALSE(GridCharSetFor(8).test(222)) << "thorn";
+    EXPECT_TRUE(GridCharSetFor(8).test(138));
+    EXPECT_EQ(GridCharSetFor(8).count(), GridCharSetFor(0).count() + 33);
+}
+
+TEST(GridLanguages, NamesSuffixesAndParsing)
+{
+    EXPECT_EQ(GridLanguageName(0), "English");
+    EXPECT_EQ(GridLanguageSuffix(0), "");
+    EXPECT_EQ(GridLanguageSuffix(5), " (Swedish)");
+    EXPECT_EQ(GridLanguageName(9), "");
+    EXPECT_EQ(ParseGridLanguage("french"), 1);
+    EXPECT_EQ(ParseGridLanguage("8"), 8);
+    EXPECT_EQ(ParseGridLanguage("9"), -1);
+    EXPECT_EQ(ParseGridLanguage("Klingon"), -1);
+}

@@ -1,0 +1,34 @@
+#include "model/cp1252.h"
+
+#include <gtest/gtest.h>
+
+TEST(Cp1252, EveryCodeRoundTripsThroughUnicode)
+{
+    for (int code = 0; code < 256; ++code) {
+        const QChar ch = Cp1252ToUnicode(uint8_t(code));
+        EXPECT_EQ(UnicodeToCp1252(ch), code) << code;
+    }
+    QByteArray all;
+    for (int code = 0; code < 256; ++code)
+        all.append(char(code));
+    EXPECT_EQ(ToCp1252(FromCp1252(all)), all);
+}
+
+TEST(Cp1252, TheHighRangeMapsToTypographicCharacters)
+{
+    EXPECT_EQ(Cp1252ToUnicode(0x80), QChar(0x20AC));  // euro
+    EXPECT_EQ(Cp1252ToUnicode(0x85), QChar(0x2026));  // ellipsis
+    EXPECT_EQ(Cp1252ToUnicode(0x8A), QChar(0x0160));  // S caron
+    EXPECT_EQ(Cp1252ToUnicode(0x93), QChar(0x201C));  // left double quote
+    EXPECT_EQ(Cp1252ToUnicode(0x99), QChar(0x2122));  // trade mark
+    EXPECT_EQ(Cp1252ToUnicode(0x9F), QChar(0x0178));  // Y diaeresis
+    EXPECT_EQ(Cp1252ToUnicode(0xC9), QChar(0x00C9));  // E acute
+    EXPECT_EQ(Cp1252ToUnicode(0xDB), QChar(0x00DB));  // the black-square byte is a letter too
+}
+
+TEST(Cp1252, CharactersWithoutACodeAreReplaced)
+{
+    EXPECT_EQ(UnicodeToCp1252(QChar(0x0100)), -1);
+    EXPECT_EQ(ToCp1252(QStringLiteral("a\u4E2Db")), "a?b");
+    EXPECT_EQ(ToCp1252(QString::fromUtf8("x\xF0\x9F\x98\x80y"), '_'), "x_y") << "one replacement per character";
+}

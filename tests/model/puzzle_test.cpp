@@ -1,0 +1,156 @@
+#include "model/puzzle.h"
+#include "testsupport.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TPuzzle Open15()
+{
+    TPuzzle p;
+    p.ClearPuzzle(15, 'N', {}, 0);
+    return p;
+}
+
+}  // namespace
+
+TEST(PuzzleRecord, FieldsSitAtTheirFileOffsets)
+{
+    TPuzzle p;
+    const auto *base = reinterpret_cast<const char *>(&p);
+    EXPECT_EQ(reinterpret_cast<const char *>(&p.Cells) - base, 2);
+    EXPECT_EQ(reinterpret_cast<const char *>(&p.Entries) - base, 531);
+    EXPECT_EQ(reinterpret_cast<const char *>(&p.CellWords) - base, 1060);
+    EXPECT_EQ(reinterpret_cast<const char *>(&p.Clues) - base, 3176);
+    EXPECT_EQ(reinterpret_cast<const char *>(&p.Byline) - base, 17756);
+    EXPECT_EQ(reinterpret_cast<const char *>(&p.Language) - base, 17817);
+}
+
+TEST(PuzzleRecord, SquaresAreColumnMajorWithStride23)
+{
+    TPuzzle p;
+    p.Cells(3, 5) = 'X';
+    EXPECT_EQ(p.Cells.Data[(3 - 1) * 23 + (5 - 1)], 'X');
+    p.CellWords(2, 4).DownSlot = 7;
+    const auto *words = reinterpret_cast<const unsigned char *>(&p.CellWords);
+    EXPECT_EQ(words[(2 - 1) * 92 + (4 - 1) * 4 + 2], 7);
+}
+
+TEST(WordStarts, OpenGridNumbersRowOneAndColumnOne)
+{
+    const TPuzzle p = Open15();
+    EXPECT_EQ(WordCount(p), 30);
+    const TGridArray<int> numbers = SquareNumbers(p);
+    for (int c = 1; c <= 15; ++c)
+        EXPECT_EQ(numbers(c, 1), c);
+    for (int r = 2; r <= 15; ++r) {
+        EXPECT_EQ(numbers(1, r), 14 + r);
+        for (int c = 2; c <= 15; ++c)
+            EXPECT_EQ(numbers(c, r), 0);
+    }
+}
+
+TEST(WordStarts, BlackSquaresDecideWordsAtEdgesAndBesideThem)
+{
+    const TPuzzle p = PuzzleFrom(QStringLiteral(
+        "size 11\ngrid\n"
+        "A#.........\n"
+        "...........\n"
+        ".........#A\n"
+        "...........\n...........\n...........\n...........\n...........\n"
+        "...........\n...........\n....#......\n"));
+    EXPECT_FALSE(p.IsAcrossStart(1, 1)) << "white then black in column 2 starts nothing";
+    EXPECT_FALSE(p.IsAcrossStart(2, 1)) << "black squares start nothing";
+    EXPECT_TRUE(p.IsAcrossStart(3, 1));
+    EXPECT_TRUE(p.IsAcrossStart(1, 2)) << "empty squares count as white";
+    EXPECT_FALSE(p.IsAcrossStart(11, 3)) << "the last column never starts an across word";
+    EXPECT_FALSE(p.IsDownStart(5, 11)) << "a black square in the last row";
+    EXPECT_FALSE(p.IsDownStart(3, 11)) << "the last row never starts a down word";
+    EXPECT_TRUE(p.IsDownStart(2, 2));
+    EXPECT_TRUE(p.IsDownStart(1, 1));
+}
+
+TEST(WordStarts, SlotOrderPutsAcrossBeforeDownAtOneSquare)
+{
+    const TPuzzle p = PuzzleFrom(QStringLiteral(
+        "size 11\ngrid\n"
+        "...#.......\n...........\n...........\n...........\n...........\n"
+        "...........\n...........\n...........\n...........\n...........\n...........\n"));
+    const QList<TWordRef> words = WordsInSlotOrder(p);
+    ASSERT_GE(words.size(), 5);
+    EXPECT_EQ(words[0].Number, 1);
+    EXPECT_EQ(words[0].Dir, Direction::Across);
+    EXPECT_EQ(words[1].Number, 1);
+    EXPECT_EQ(words[1].Dir, Direction::Down);
+    EXPECT_EQ(words[1].Index, 2);
+    EXPECT_EQ(words[2].Number, 2);  // (2,1): down only
+    EXPECT_EQ(words[2].Dir, Direction::Down);
+    EXPECT_EQ(words[4].Column, 5);  // (4,1) is black; (5,1) starts both
+    EXPECT_EQ(words[4].Dir, Direction::Across);
+    EXPECT_EQ(words.size(), WordCount(p));
+}
+
+TEST(GetWord, ReadsToTheBlackSquareOrTheEdge)
+{
+    TPuzzle p = PuzzleFrom(QStringLiteral(
+        "size 11\ngrid\n"
+        "CA?T#DO.GHI\n...........\n...........\n...........\n...........\n"
+        "...........\n...........\n...........\n...........\n...........\n...........\n"));
+    EXPECT_EQ(p.GetWord(1, 1, 'a'), QByteArray("CA?T"));
+    EXPECT_EQ(p.GetWord(6, 1, 'a'), QByteArray("DO\0GHI", 6)) << "an empty square reads as code 0";
+    EXPECT_EQ(p.GetWord(10, 1, 'a'), QByteArray("HI")) << "stops at the edge";
+    EXPECT_EQ(p.GetWord(1, 1, 'd').size(), 11);
+    EXPECT_EQ(p.GetWord(1, 10, 'x').size(), 2) << "anything but 'a' reads down";
+}
+
+TEST(GetWord, NeverLongerThan80Characters)
+{
+    TPuzzle p;
+    p.ClearPuzzle(23, 'N', {}, 0);
+    p.Size = 200;  // a corrupt size must not run the word past its limit
+    EXPECT_EQ(p.GetWord(1, 1, 'd').size(), 80);
+}
+
+TEST(IsGridFull, EmptySquaresOnlyMakeAGridIncomplete)
+{
+    TPuzzle p = PuzzleFrom(QStringLiteral(
+        "size 11\ngrid\n"
+        "ABC#?FGHIJK\nABCDEFGHIJK\nABCDEFGHIJK\nABCDEFGHIJK\nABCDEFGHIJK\n"
+        "ABCDEFGHIJK\nABCDEFGHIJK\nABCDEFGHIJK\nABCDEFGHIJK\nABCDEFGHIJK\nABCDEFGHIJ.\n"
+        "clues\n1A Alphabet start\n"));
+    EXPECT_FALSE(p.IsGridFull());
+    p.Cells(11, 11) = 'K';
+    EXPECT_TRUE(p.IsGridFull()) << "black and open squares count as filled";
+    p.Size = 0;
+    EXPECT_TRUE(p.IsGridFull());
+}
+
+TEST(ClearPuzzle, VariantCKeepsOnlyTheBlackSquares)
+{
+    TPuzzle p = PuzzleFrom(QStringLiteral(
+        "size 11\nbyline Old Name\nlanguage 4\ngrid\n"
+        "ABC#?FGHIJK\nABCDEFGHIJK\nABCDEFGHIJK\nABCDEFGHIJK\nABCDEFGHIJK\n"
+        "ABCDEFGHIJK\nABCDEFGHIJK\nABCDEFGHIJK\nABCDEFGHIJK\nABCDEFGHIJK\nABCDEFGHIJ#\n"
+        "entries\n"
+        "AB.........\n...........\n...........\n...........\n...........\n"
+        "...........\n...........\n...........\n...........\n...........\n...........\n"
+        "clues\n1A Start\n1D Down\n"));
+    p.Cells(20, 20) = 'Q';  // outside the grid: cleared too
+    p.ClearPuzzle(11, 'C', "New Name", 2);
+    for (int c = 1; c <= MaxGrid; ++c)
+        for (int r = 1; r <= MaxGrid; ++r) {
+            const bool black = (c == 4 && r == 1) || (c == 11 && r == 11);
+            EXPECT_EQ(p.Cells(c, r), black ? BlockChar : 0) << c << "," << r;
+            EXPECT_EQ(p.Entries(c, r), 0);
+            EXPECT_EQ(p.CellWords(c, r).AcrossSlot + p.CellWords(c, r).DownSlot, 0);
+        }
+    for (int k = 1; k <= ClueSlots; ++k)
+        EXPECT_TRUE(p.clue(k).isEmpty());
+    EXPECT_EQ(p.Byline.text(), "New Name");
+    EXPECT_EQ(p.Language, 2);
+
+    p.ClearPuzzle(13, 'N', QByteArray(70, 'x'), 0);
+    EXPECT_EQ(p.Size, 13);
+    EXPECT_EQ(p.Cells(4, 1), 0) << "variant N clears black squares";
+    EXPECT_EQ(p.Byline.text().size(), 60);
+}

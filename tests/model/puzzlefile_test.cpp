@@ -1,0 +1,198 @@
+#include "mainwindow/puzzlestate.h"
+#include "model/puzzlefile.h"
+#include "model/puzzletext.h"
+#include "testsupport.h"
+
+#include <QFile>
+#include <QRandomGenerator>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/resource.h>
+
+namespace {
+
+const char *const SmallGrid =
+    "size 11\nbyline Ann Example\nlanguage 3\ngrid\n"
+    "CAT#DOG#EEL\n...........\n...........\n...........\n...........\n"
+    "...........\n...........\n...........\n...........\n...........\n...........\n"
+    "clues\n1A Purring pet\n4A Barking pet\n";
+
+QByteArray readAll(const QString &path)
+{
+    QFile f(path);
+    EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << path.toStdString();
+    return f.readAll();
+}
+
+void writeAll(const QString &path, const QByteArray &bytes)
+{
+    QFile f(path);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(bytes);
+}
+
+// Random bytes everywhere, unused string bytes included: a record must survive whole.
+QByteArray noise(int size)
+{
+    QByteArray bytes(size, '\0');
+    QRandomGenerator gen(42);
+    for (char &b : bytes)
+        b = char(gen.bounded(256));
+    return bytes;
+}
+
+// Lets files grow only to `bytes` while it lives, as a full disk would.
+class TFileSizeLimit {
+public:
+    explicit TFileSizeLimit(rlim_t bytes)
+    {
+        signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &saved_);
+        rlimit limit = saved_;
+        limit.rlim_cur = bytes;
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~TFileSizeLimit() { setrlimit(RLIMIT_FSIZE, &saved_); }
+
+private:
+    rlimit saved_{};
+};
+
+}  // namespace
+
+TEST(CurrentFormat, RoundTripsEveryByteAndIsLittleEndian)
+{
+    const QByteArray bytes = noise(PuzzleFileSize);
+    EXPECT_EQ(EncodePuzzle(DecodePuzzle(bytes)), bytes);
+
+    TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    p.Size = 0x0102;
+    p.CellWords(2, 1).DownSlot = 0x0304;
+    const QByteArray out = EncodePuzzle(p);
+    ASSERT_EQ(out.size(), PuzzleFileSize);
+    EXPECT_EQ(out[0], 0x02);
+    EXPECT_EQ(out[1], 0x01);
+    EXPECT_EQ(out[1060 + 92 + 2], 0x04);
+    EXPECT_EQ(out[1060 + 92 + 3], 0x03);
+    EXPECT_EQ(out[17817], 3) << "language is the last byte";
+}
+
+TEST(CurrentFormat, ReadsTheFirst17818BytesAndRefusesShorterFiles)
+{
+    TScratchDir dir;
+    QByteArray bytes = EncodePuzzle(PuzzleFrom(QString::fromLatin1(SmallGrid)));
+    writeAll(dir.path("long.xwd"), bytes + "trailing bytes");
+    ReadPuzzle(dir.path("long.xwd"));
+    EXPECT_EQ(Puzzle.GetWord(1, 1, 'a'), "CAT");
+
+    writeAll(dir.path("short.xwd"), bytes.left(PuzzleFileSize - 1));
+    EXPECT_THROW(ReadPuzzle(dir.path("short.xwd")), TPuzzleIOError);
+    EXPECT_EQ(Puzzle.GetWord(1, 1, 'a'), "CAT") << "a failed read leaves the puzzle as it was";
+    EXPECT_THROW(ReadPuzzle(dir.path("missing.xwd")), TPuzzleIOError);
+}
+
+TEST(Version5, WritingKeepsTheGridAndCutsCluesAndByline)
+{
+    TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    p.setClue(1, QByteArray(75, 'q'));
+    p.setClue(180, "the spare slot");
+    p.Language = 12;
+    const QByteArray v5 = EncodePuzzle5(p);
+    ASSERT_EQ(v5.size(), PuzzleFile5Size);
+    EXPECT_EQ(v5.left(3176), EncodePuzzle(p).left(3176)) << "size, cells, entries and slots unchanged";
+    EXPECT_EQ(uint8_t(v5[3176]), 60) << "a 75-character clue keeps its first 60";
+    EXPECT_EQ(v5.mid(14095, 15), QByteArray("\x0e" "Ann Example|12", 15));
+
+    const TPuzzle back = ConvertPuzzle5(v5);
+    EXPECT_EQ(back.clue(1), QByteArray(60, 'q'));
+    EXPECT_EQ(back.clue(5), "Barking pet");
+    EXPECT_TRUE(back.clue(180).isEmpty());
+    EXPECT_EQ(back.Byline.text(), "Ann Example");
+    EXPECT_EQ(back.Language, 2) << "only the last digit comes back";
+    EXPECT_EQ(back.GetWord(5, 1, 'a'), "DOG");
+}
+
+TEST(Version5, BylineFieldCasesAtTheLimit)
+{
+    TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
+
+    p.Byline.setText("Name|With Bar");
+    p.Language = 7;
+    TPuzzle back = ConvertPuzzle5(EncodePuzzle5(p));
+    EXPECT_EQ(back.Byline.text(), "Name") << "text after a byline's own bar is lost";
+    EXPECT_EQ(back.Language, 7);
+
+    p.Byline.setText(QByteArray(60, 'b'));
+    back = ConvertPuzzle5(EncodePuzzle5(p));
+    EXPECT_EQ(back.Byline.text(), QByteArray(60, 'b')) << "a full byline crowds out bar and language";
+    EXPECT_EQ(back.Language, 0);
+
+    p.Byline.setText(QByteArray(59, 'b'));
+    EXPECT_THROW(ConvertPuzzle5(EncodePuzzle5(p)), TPuzzleIOError) << "a bar with no digit cannot be read";
+
+    EXPECT_THROW(ConvertPuzzle5(QByteArray(PuzzleFile5Size - 1, '\0')), TPuzzleIOError);
+}
+
+TEST(OpenPuzzleFile, ConvertsAVersion5FileOnDisk)
+{
+    TScratchDir dir;
+    const QString path = dir.path("old.xwd");
+    writeAll(path, EncodePuzzle5(PuzzleFrom(QString::fromLatin1(SmallGrid))));
+    ASSERT_EQ(QFile(path).size(), PuzzleFile5Size);
+
+    const TLoadedPuzzle peek = LoadPuzzleFile(path);
+    EXPECT_EQ(peek.Format, PuzzleFormat::Version5);
+    EXPECT_EQ(QFile(path).size(), PuzzleFile5Size) << "loading alone never rewrites";
+
+    PuzzleChanged = true;
+    OpenPuzzleFile(path);
+    EXPECT_EQ(QFile(path).size(), PuzzleFileSize);
+    EXPECT_EQ(Puzzle.Byline.text(), "Ann Example");
+    EXPECT_EQ(Puzzle.Language, 3);
+    EXPECT_FALSE(PuzzleChanged);
+    EXPECT_EQ(readAll(path), EncodePuzzle(Puzzle));
+    EXPECT_EQ(LoadPuzzleFile(path).Format, PuzzleFormat::Current);
+}
+
+TEST(OpenPuzzleFile, RefusesShortAndBrokenFilesAndLeavesThemUntouched)
+{
+    TScratchDir dir;
+    const QByteArray shortBytes = noise(PuzzleFile5Size - 1);
+    writeAll(dir.path("short.xwd"), shortBytes);
+    EXPECT_THROW(OpenPuzzleFile(dir.path("short.xwd")), TPuzzleIOError);
+    EXPECT_EQ(readAll(dir.path("short.xwd")), shortBytes);
+
+    TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    p.Byline.setText(QByteArray(59, 'b'));
+    const QByteArray broken = EncodePuzzle5(p);
+    writeAll(dir.path("broken.xwd"), broken);
+    EXPECT_THROW(OpenPuzzleFile(dir.path("broken.xwd")), TPuzzleIOError);
+    EXPECT_EQ(readAll(dir.path("broken.xwd")), broken);
+}
+
+TEST(WritePuzzle, ReplacesAFileWholeOrReportsAndKeepsTheOld)
+{
+    TScratchDir dir;
+    const QString path = dir.path("p.xwd");
+    Puzzle = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    PuzzleChanged = true;
+    WritePuzzle(path);
+    EXPECT_FALSE(PuzzleChanged);
+    const QByteArray before = readAll(path);
+    EXPECT_EQ(before.size(), PuzzleFileSize);
+
+    // A disk that fills up mid-save: files may grow to 4 KiB only.
+    Puzzle.setClue(1, "Changed");
+    PuzzleChanged = true;
+    {
+        TFileSizeLimit limit(4096);
+        EXPECT_THROW(WritePuzzle(path), TPuzzleIOError);
+    }
+    EXPECT_TRUE(PuzzleChanged);
+    EXPECT_EQ(readAll(path), before) << "the previous file stays whole";
+
+    EXPECT_THROW(WritePuzzle(dir.path("no/such/folder/p.xwd")), TPuzzleIOError);
+    EXPECT_THROW(WritePuzzle5(dir.path("no/such/folder/p.xwd")), TPuzzleIOError);
+}

@@ -1,0 +1,87 @@
+#include "settings/txwdprocs.h"
+#include "testsupport.h"
+
+#include <QElapsedTimer>
+#include <QSettings>
+
+#include <gtest/gtest.h>
+
+class SettingsStore : public ::testing::Test {
+protected:
+    void SetUp() override { ResetSettings(); }
+    void TearDown() override { ResetSettings(); }
+};
+
+TEST_F(SettingsStore, NeverWrittenReturnsTheDefaultWithItsType)
+{
+    const QVariant text = ReadSetting(QStringLiteral("FontName"), QStringLiteral("Arial"));
+    EXPECT_EQ(text.typeId(), QMetaType::QString);
+    EXPECT_EQ(text.toString(), "Arial");
+    const QVariant number = ReadSetting(QStringLiteral("FontSize"), 11);
+    EXPECT_EQ(number.typeId(), QMetaType::Int);
+    EXPECT_EQ(number.toInt(), 11);
+}
+
+TEST_F(SettingsStore, ValuesReadBackWithTheDefaultsType)
+{
+    WriteSetting(QStringLiteral("Name"), QString());
+    EXPECT_EQ(ReadSetting(QStringLiteral("Name"), QStringLiteral("default")).toString(), QString())
+        << "an empty text is a value, not a missing one";
+
+    WriteSetting(QStringLiteral("PlaySounds"), 2);
+    EXPECT_EQ(ReadSetting(QStringLiteral("PlaySounds"), 1).typeId(), QMetaType::Int);
+    EXPECT_EQ(ReadSetting(QStringLiteral("PlaySounds"), 1).toInt(), 2);
+
+    WriteSetting(QStringLiteral("Colour"), QStringLiteral("$00FF00FF"));
+    EXPECT_EQ(ReadText(QStringLiteral("Colour"), QStringLiteral("clBlack")), "$00FF00FF");
+
+    WriteSetting(QStringLiteral("Other"), 2.5);  // neither text nor integer: nothing written
+    EXPECT_EQ(ReadInt(QStringLiteral("Other"), 7), 7);
+}
+
+TEST_F(SettingsStore, ATextWhereAnIntegerIsExpectedIsAnError)
+{
+    WriteSetting(QStringLiteral("FontSize"), QStringLiteral("large"));
+    EXPECT_THROW(ReadSetting(QStringLiteral("FontSize"), 11), TSettingsError);
+}
+
+TEST_F(SettingsStore, BoundsAreFourNumbersJoinedByCommas)
+{
+    WriteBounds(QStringLiteral("ScreenBoundsMain"), 10, 20, 300, 400);
+    EXPECT_EQ(ReadText(QStringLiteral("ScreenBoundsMain")), "10,20,300,400");
+    QSettings raw(QStringLiteral("Quillmark32"), QStringLiteral("Quillmark6Demo"));
+    EXPECT_EQ(raw.value(QStringLiteral("ScreenBoundsMain")).toString(), "10,20,300,400");
+}
+
+TEST_F(SettingsStore, TheKeyPathCanBeSwitched)
+{
+    WriteSetting(QStringLiteral("Name"), QStringLiteral("Demo"));
+    SetSettingsPath(QString::fromLatin1(ToolsSettingsPath));
+    EXPECT_EQ(ReadText(QStringLiteral("Name"), QStringLiteral("none")), "none");
+    WriteSetting(QStringLiteral("BankDataFile"), QStringLiteral("/data/bank"));
+    SetSettingsPath(QString::fromLatin1(DefaultSettingsPath));
+    EXPECT_EQ(ReadText(QStringLiteral("Name")), "Demo");
+    EXPECT_EQ(ReadText(QStringLiteral("BankDataFile")), QString());
+    EXPECT_EQ(QSettings(QStringLiteral("Quillmark32"), QStringLiteral("Tools")).value("BankDataFile").toString(),
+              "/data/bank");
+}
+
+TEST(MaxSquareSize, FitsTwentyThreeSquaresBelowTheMenuBar)
+{
+    EXPECT_EQ(ComputeMaxSquareSize(1000, 20), 42);
+    EXPECT_EQ(ComputeMaxSquareSize(735, 0), 31);
+    EXPECT_GE(ComputeMaxSquareSize(0, 20), 1);
+}
+
+TEST(Pause, WaitsWhileEventsKeepFlowing)
+{
+    TXwdProcs procs;
+    bool ran = false;
+    QTimer::singleShot(10, [&] { ran = true; });
+    QElapsedTimer clock;
+    clock.start();
+    procs.Pause(60);
+    EXPECT_TRUE(ran) << "events are processed during the pause";
+    EXPECT_GE(clock.elapsed(), 55);
+    EXPECT_FALSE(procs.XwdTimer.isActive());
+}

@@ -1,0 +1,58 @@
+#include "testsupport.h"
+
+#include "model/puzzletext.h"
+#include "settings/txwdprocs.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+
+#include <cstdlib>
+
+namespace {
+
+QString &isolatedHome()
+{
+    static QString home;
+    return home;
+}
+
+}  // namespace
+
+void IsolateUserFolders()
+{
+    static QTemporaryDir home;  // lives as long as the program
+    isolatedHome() = home.path();
+    const QByteArray root = QFile::encodeName(home.path());
+    qputenv("HOME", root);
+    qputenv("XDG_CONFIG_HOME", root + "/.config");
+    qputenv("XDG_DATA_HOME", root + "/.local/share");
+    qputenv("XDG_CACHE_HOME", root + "/.cache");
+    qputenv("XDG_RUNTIME_DIR", root + "/runtime");
+    QDir(home.path()).mkpath(QStringLiteral("runtime"));
+    QFile::setPermissions(home.path() + QStringLiteral("/runtime"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const QString config = home.path() + QStringLiteral("/.config");
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, config);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, config);
+}
+
+void ResetSettings()
+{
+    SetSettingsPath(QString::fromLatin1(DefaultSettingsPath));
+    for (const char *path : {DefaultSettingsPath, ToolsSettingsPath, "Software\\Quillmark32\\Quillmark6"}) {
+        SetSettingsPath(QString::fromLatin1(path));
+        const QStringList parts = SettingsPath().split(u'\\');
+        QSettings(parts.at(1), parts.at(2)).clear();
+    }
+    SetSettingsPath(QString::fromLatin1(DefaultSettingsPath));
+}
+
+TPuzzle PuzzleFrom(const QString &text)
+{
+    return PuzzleFromText(text);
+}
+
+TScratchDir::TScratchDir()
+{
+    dir_.setAutoRemove(true);
+}

@@ -1,0 +1,28 @@
+#pragma once
+// Shared by the tests: no test touches the user's own settings or folders, and grids are
+// written as text.
+
+#include "model/puzzle.h"
+
+#include <QString>
+#include <QTemporaryDir>
+
+// Points HOME, the XDG folders and the settings store at a fresh temporary folder for the
+// whole test program. Call first thing in main, before the application object.
+void IsolateUserFolders();
+
+// Empties the settings store and puts the default key path back, for a test's fresh start.
+void ResetSettings();
+
+// A puzzle from its text form; see model/puzzletext.h.
+TPuzzle PuzzleFrom(const QString &text);
+
+// A folder of the test's own that is removed with the object.
+class TScratchDir {
+public:
+    TScratchDir();
+    QString path(const QString &name) const { return dir_.filePath(name); }
+
+private:
+    QTemporaryDir dir_;
+};

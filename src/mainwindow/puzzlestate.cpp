@@ -3,3 +3,4 @@
 uint8_t PuzzleMode = ConstructMode;
 bool PuzzleChanged = false;
 QString CurrentPuzzlePath;
+bool ClosingAllowed = false;

@@ -13,3 +13,7 @@ extern uint8_t PuzzleMode;
 // Edited since the puzzle was last read or written.
 extern bool PuzzleChanged;
 extern QString CurrentPuzzlePath;
+
+// The grid and clue windows refuse to close unless this is set: the main window sets it
+// when it closes, the score card's delete choice for just as long as it closes them.
+extern bool ClosingAllowed;

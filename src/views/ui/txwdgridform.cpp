@@ -1,0 +1,351 @@
+#include "views/ui/txwdgridform.h"
+
+#include "mainwindow/puzzlestate.h"
+#include "mainwindow/ui/appresources.h"
+#include "model/cp1252.h"
+#include "model/puzzle.h"
+#include "settings/colors.h"
+#include "settings/txwdprocs.h"
+#include "views/gridgeometry.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QScreen>
+
+TXwdGridForm *XwdGridForm = nullptr;
+
+namespace {
+
+const QString HideGuidelinesCaption = QStringLiteral("&Hide Guidelines");
+
+// The reference square size for the letter font; computed from the screen when the
+// settings module is not there to say.
+int maxSquareSize()
+{
+    if (XwdProcs)
+        return XwdProcs->MaxSquareSize;
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    return ComputeMaxSquareSize(screen ? screen->availableGeometry().height() : 768, 20);
+}
+
+// The guidelines' dots: three pixels on, three off.
+constexpr int DotRun = 3;
+
+}  // namespace
+
+TXwdGridForm::TXwdGridForm(QWidget *parent)
+    : QWidget(parent, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint)
+{
+    setObjectName(QStringLiteral("XwdGridForm"));
+    QPalette background = palette();
+    background.setColor(QPalette::Window, Qt::white);
+    setPalette(background);
+    setAutoFillBackground(true);
+    setFocusPolicy(Qt::StrongFocus);
+
+    Editor.MouseSwapped = false;
+    Editor.Symmetry = 1;
+    setCursor(AppCursor(QStringLiteral("PENCIL")));
+
+    if (!XwdGridForm)
+        XwdGridForm = this;
+}
+
+TXwdGridForm::~TXwdGridForm()
+{
+    if (XwdGridForm == this)
+        XwdGridForm = nullptr;
+}
+
+void TXwdGridForm::setGuidesAction(QAction *action)
+{
+    if (guidesAction_)
+        disconnect(guidesAction_, nullptr, this, nullptr);
+    guidesAction_ = action;
+    if (action)
+        connect(action, &QAction::changed, this, qOverload<>(&QWidget::update));
+    update();
+}
+
+bool TXwdGridForm::GuidelinesShown() const
+{
+    return guidesAction_ && guidesAction_->text() == HideGuidelinesCaption;
+}
+
+void TXwdGridForm::RestoreHighlight()
+{
+    Editor.RestoreHighlight();
+    update();
+}
+
+void TXwdGridForm::DropCurrentWord()
+{
+    Editor.WordDirection = 0;
+    update();
+}
+
+void TXwdGridForm::ArrangeFromSettings()
+{
+    move(GridWindowOrigin(ReadText(QStringLiteral("ScreenBoundsGrid"))));
+    const int extent = GridWindowExtent(Puzzle.Size, SquareSize);
+    resize(extent, extent);
+}
+
+void TXwdGridForm::SetSquare(int x, int y, bool clear)
+{
+    Editor.SetSquare(x, y, clear);
+    update();
+}
+
+void TXwdGridForm::ClickCell(int x, int y, Qt::MouseButton button)
+{
+    report(Editor.ClickCell(x, y, button == Qt::LeftButton));
+    update();
+}
+
+void TXwdGridForm::TypeKey(uchar ch)
+{
+    report(Editor.TypeKey(ch));
+    update();
+}
+
+void TXwdGridForm::report(const TSolvingStatus &status)
+{
+    if (status.Cleared)
+        emit clueDisplayCleared();
+    if (status.SelectedSlot)
+        emit clueSelected(*status.SelectedSlot);
+}
+
+void TXwdGridForm::readAppearance()
+{
+    if (ReadInt(QStringLiteral("UseCursors"), 1) == 1)
+        setCursor(AppCursor(QStringLiteral("PENCIL")));
+    else
+        setCursor(Qt::ArrowCursor);
+    FilledSqColor = ReadColorSetting(QStringLiteral("FilledSqColor"), QStringLiteral("clBlack"));
+    BlankSqColor = ReadColorSetting(QStringLiteral("BlankSqColor"), QStringLiteral("clWhite"));
+    HiliteSqColor = ReadColorSetting(QStringLiteral("HiliteSqColor"), QStringLiteral("clYellow"));
+    fontColor_ = ReadColorSetting(QStringLiteral("FontColor"), QStringLiteral("clBlack"));
+
+    QFont letters(ReadText(QStringLiteral("FontName"), QStringLiteral("Arial")));
+    const int style = ReadInt(QStringLiteral("FontStyle"), 0);
+    letters.setBold(style & 1);
+    letters.setItalic(style & 2);
+    letters.setUnderline(style & 4);
+    letters.setStrikeOut(style & 8);
+    setFont(letters);
+}
+
+void TXwdGridForm::applyFontSize()
+{
+    QFont letters = font();
+    letters.setPointSize(ScaledFontSize(ReadInt(QStringLiteral("FontSize"), 11), SquareSize, maxSquareSize()));
+    setFont(letters);
+}
+
+void TXwdGridForm::FormShow()
+{
+    readAppearance();
+    Editor.LoadGridCharSet();
+    Editor.Cheated = false;
+    SquareSize = std::max(1, ReadInt(QStringLiteral("ScreenSquare"), maxSquareSize()));
+    applyFontSize();
+    ArrangeFromSettings();
+    // The caller captioned the window with the file name: show it without its extension.
+    const QString caption = windowTitle();
+    setWindowTitle(caption.left(std::max<qsizetype>(0, caption.size() - 4)).toUpper());
+    Editor.WordDirection = 0;
+    update();
+}
+
+void TXwdGridForm::FormResize()
+{
+    if (snapping_ || Puzzle.Size < 1)
+        return;
+    if (Editor.WordDirection != 0)
+        Editor.RestoreHighlight();
+    // Only the width decides the square size; the window then snaps to whole squares.
+    SquareSize = SquareSizeForWidth(width(), Puzzle.Size, SquareSize);
+    applyFontSize();
+    const int extent = GridWindowExtent(Puzzle.Size, SquareSize);
+    snapping_ = true;
+    resize(extent, extent);
+    snapping_ = false;
+    update();
+}
+
+bool TXwdGridForm::FormCloseQuery() const
+{
+    return ClosingAllowed;
+}
+
+void TXwdGridForm::FormPaint(QPainter &painter)
+{
+    if (Puzzle.Size < 1 || SquareSize < 1)
+        return;
+    painter.setFont(font());
+    for (int r = 1; r <= Puzzle.Size; ++r)
+        for (int c = 1; c <= Puzzle.Size; ++c)
+            PaintCell(painter, c, r, BlankSqColor);
+    const QColor highlight = Editor.HighlightColor();
+    for (const QPoint &square : Editor.HighlightedSquares())
+        if (Puzzle.inGrid(square.x(), square.y()))
+            PaintCell(painter, square.x(), square.y(), highlight);
+}
+
+void TXwdGridForm::PaintCell(QPainter &painter, int c, int r, const QColor &colour)
+{
+    const QRect outline = CellOutline(c, r);
+    const bool block = Puzzle.isBlock(c, r);
+    painter.fillRect(outline, FilledSqColor);
+    painter.fillRect(outline.adjusted(1, 1, -1, -1), block ? FilledSqColor : colour);
+
+    // Black squares come from the solution in every mode; the letters from the layer shown.
+    uchar ch = PuzzleMode == SolveMode ? Puzzle.Entries(c, r) : Puzzle.Cells(c, r);
+    if (PuzzleMode != SolveMode && ch == OpenChar)
+        ch = '?';
+    if (ch != 0 && ch != BlockChar) {
+        const QString text(Cp1252ToUnicode(ch));
+        const QFontMetrics metrics = painter.fontMetrics();
+        const QPoint at = outline.topLeft()
+                          + QPoint((SquareSize - metrics.horizontalAdvance(text)) / 2,
+                                   (SquareSize - metrics.height()) / 2 + metrics.ascent());
+        painter.setPen(fontColor_);
+        painter.drawText(at, text);
+    }
+    if (GuidelinesShown())
+        paintGuidelines(painter, c, r);
+}
+
+void TXwdGridForm::paintGuidelines(QPainter &painter, int c, int r)
+{
+    const int m = MiddleLine(Puzzle.Size);
+    if (c != m && r != m)
+        return;
+    // Red ANDed with what is there: red on white, and black stays black.
+    const bool masking = painter.paintEngine() && painter.paintEngine()->hasFeature(QPaintEngine::RasterOpModes);
+    if (!masking && Puzzle.isBlock(c, r))
+        return;
+    painter.save();
+    if (masking)
+        painter.setCompositionMode(QPainter::RasterOp_SourceAndDestination);
+    const QPoint origin = CellTopLeft(c, r);
+    const int half = SquareSize / 2;
+    for (int i = 0; i <= SquareSize; ++i) {
+        if (i / DotRun % 2 != 0)
+            continue;
+        if (c == m)
+            painter.fillRect(origin.x() + half, origin.y() + i, 1, 1, Qt::red);
+        if (r == m)
+            painter.fillRect(origin.x() + i, origin.y() + half, 1, 1, Qt::red);
+    }
+    painter.restore();
+}
+
+void TXwdGridForm::FormMouseDown(Qt::MouseButton button, QPoint at)
+{
+    if (PuzzleMode == DesignMode)
+        SetSquare(at.x(), at.y(), button != Qt::LeftButton);
+    else
+        ClickCell(at.x(), at.y(), button);
+}
+
+void TXwdGridForm::FormMouseMove(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, QPoint at)
+{
+    // Dragging paints (left) or erases (right) while designing; any other combination of
+    // buttons and modifier keys does nothing.
+    constexpr Qt::KeyboardModifiers keys = Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    if (PuzzleMode != DesignMode || (modifiers & keys))
+        return;
+    if (buttons == Qt::LeftButton)
+        SetSquare(at.x(), at.y(), false);
+    else if (buttons == Qt::RightButton)
+        SetSquare(at.x(), at.y(), true);
+}
+
+void TXwdGridForm::FormKeyPress(QChar ch)
+{
+    const int code = UnicodeToCp1252(ch);
+    if (code < 0)
+        return;
+    report(Editor.KeyPress(uchar(code)));
+    update();
+}
+
+bool TXwdGridForm::FormKeyDown(int key)
+{
+    TGridKey gridKey;
+    switch (key) {
+    case Qt::Key_Left: gridKey = TGridKey::Left; break;
+    case Qt::Key_Up: gridKey = TGridKey::Up; break;
+    case Qt::Key_Right: gridKey = TGridKey::Right; break;
+    case Qt::Key_Down: gridKey = TGridKey::Down; break;
+    case Qt::Key_Delete: gridKey = TGridKey::Delete; break;
+    default: return false;
+    }
+    report(Editor.KeyDown(gridKey));
+    update();
+    return true;
+}
+
+void TXwdGridForm::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    FormPaint(painter);
+}
+
+void TXwdGridForm::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    // Restoring from the taskbar is no new showing.
+    if (!event->spontaneous())
+        FormShow();
+}
+
+void TXwdGridForm::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    FormResize();
+}
+
+void TXwdGridForm::mousePressEvent(QMouseEvent *event)
+{
+    FormMouseDown(event->button(), event->position().toPoint());
+}
+
+void TXwdGridForm::mouseMoveEvent(QMouseEvent *event)
+{
+    FormMouseMove(event->buttons(), event->modifiers(), event->position().toPoint());
+}
+
+void TXwdGridForm::keyPressEvent(QKeyEvent *event)
+{
+    if (FormKeyDown(event->key()))
+        return;
+    QString text = event->text();
+    // Some platforms give these keys no text; they are typed characters all the same.
+    if (text.isEmpty() && event->key() == Qt::Key_Backspace)
+        text = QChar(8);
+    else if (text.isEmpty() && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
+        text = QChar(13);
+    if (text.isEmpty()) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    for (const QChar ch : text)
+        FormKeyPress(ch);
+}
+
+void TXwdGridForm::closeEvent(QCloseEvent *event)
+{
+    if (FormCloseQuery())
+        event->accept();
+    else
+        event->ignore();
+}

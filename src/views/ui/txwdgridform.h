@@ -1,0 +1,84 @@
+#pragma once
+// The grid window: the one puzzle's grid, painted square by square, edited with the mouse
+// in design mode and typed into while constructing or solving. The rules live in
+// TGridEditor; this window turns events into its calls and paints its state.
+
+#include "views/grideditor.h"
+
+#include <QColor>
+#include <QPointer>
+#include <QWidget>
+
+class QAction;
+class QPainter;
+
+class TXwdGridForm : public QWidget {
+    Q_OBJECT
+public:
+    explicit TXwdGridForm(QWidget *parent = nullptr);
+    ~TXwdGridForm() override;
+
+    // Editing state: cursor, current word, Cheated, MouseSwapped, Symmetry.
+    TGridEditor Editor;
+    QColor FilledSqColor = Qt::black;
+    // The editor decides with these colours, so the window's fields are its very colours.
+    QColor &BlankSqColor = Editor.BlankSqColor;
+    QColor &HiliteSqColor = Editor.HiliteSqColor;
+
+    // Guidelines are drawn while this action's text is "&Hide Guidelines".
+    void setGuidesAction(QAction *action);
+
+    // Shows the current word in the blank colour again (which with a pure white blank
+    // colour drops it).
+    void RestoreHighlight();
+    // Forgets the current word.
+    void DropCurrentWord();
+    // Left and top from ScreenBoundsGrid (else 2, 2); size from SquareSize.
+    void ArrangeFromSettings();
+
+    void SetSquare(int x, int y, bool clear);
+    void ClickCell(int x, int y, Qt::MouseButton button);
+    void TypeKey(uchar ch);
+
+    void FormShow();
+    void FormPaint(QPainter &painter);
+    void FormMouseDown(Qt::MouseButton button, QPoint at);
+    void FormMouseMove(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, QPoint at);
+    // One typed character; one with no Windows-1252 byte is refused.
+    void FormKeyPress(QChar ch);
+    // Arrows and Delete; true when the key was one of them.
+    bool FormKeyDown(int key);
+    void FormResize();
+    bool FormCloseQuery() const;
+
+    bool GuidelinesShown() const;
+
+signals:
+    // While solving: clear the current-clue display and the clue list's selection.
+    void clueDisplayCleared();
+    // While solving, after a click: select clue list item slot - 1 (slot 0: none) and show it.
+    void clueSelected(int slot);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void PaintCell(QPainter &painter, int c, int r, const QColor &colour);
+    void paintGuidelines(QPainter &painter, int c, int r);
+    void report(const TSolvingStatus &status);
+    void readAppearance();
+    void applyFontSize();
+
+    QPointer<QAction> guidesAction_;
+    QColor fontColor_ = Qt::black;
+    bool snapping_ = false;
+};
+
+// The one grid window, while it exists.
+extern TXwdGridForm *XwdGridForm;

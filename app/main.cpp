@@ -1,17 +1,13 @@
 // quillmark: the desktop program.
 
-#include "mainwindow/ui/txwdmainform.h"
-#include "settings/txwdprocs.h"
-
-#include <QApplication>
+#include "mainwindow/ui/tprogram.h"
 
 int main(int argc, char *argv[])
 {
-    QApplication app(argc, argv);
+    TQuillmarkApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quillmark"));
-    TXwdMainForm mainForm;
-    TXwdProcs procs;
-    mainForm.show();
-    mainForm.OpenFromCommandLine(app.arguments().mid(1));
+    QApplication::setApplicationDisplayName(QStringLiteral("Quillmark"));
+    TProgram program;
+    program.Start(app.arguments().mid(1));
     return app.exec();
 }

@@ -17,3 +17,7 @@ extern QString CurrentPuzzlePath;
 // The grid and clue windows refuse to close unless this is set: the main window sets it
 // when it closes, the score card's delete choice for just as long as it closes them.
 extern bool ClosingAllowed;
+
+// Copy of the setting PlaySounds (0 silent; 1 and 2 or more choose the question sound),
+// read at start-up and after the preferences.
+extern int PlaySounds;

@@ -1,33 +1,346 @@
 #include "mainwindow/ui/txwdmainform.h"
 
+#include "mainwindow/history.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/specifications.h"
+#include "mainwindow/ui/appresources.h"
+#include "mainwindow/ui/dialogs.h"
+#include "mainwindow/ui/tinfowin.h"
+#include "mainwindow/ui/tsoundfx.h"
+#include "model/clearpuzzle.h"
+#include "model/cp1252.h"
 #include "model/puzzlefile.h"
+#include "settings/colors.h"
+#include "settings/txwdprocs.h"
+#include "views/gridgeometry.h"
+#include "views/ui/tcluesform.h"
+#include "views/ui/txwdgridform.h"
 
+#include <QAction>
+#include <QActionGroup>
+#include <QApplication>
+#include <QButtonGroup>
+#include <QCloseEvent>
+#include <QDir>
 #include <QFileInfo>
+#include <QHBoxLayout>
 #include <QLabel>
-#include <QMessageBox>
+#include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QToolButton>
 #include <QVBoxLayout>
+
+TXwdMainForm *XwdMainForm = nullptr;
+
+namespace {
+
+const QString OpenFilter = QStringLiteral("Quillmark Crossword Puzzle |*.xwd");
+const QString SaveAsFilter =
+    QStringLiteral("Quillmark Crossword Puzzle|*.xwd|Quillmark 5 Crossword Puzzle|*.xwd");
+const QString CopyGridFilter = QStringLiteral("Quillmark Crossword Puzzle|*.xwd");
+const QString CorruptMessage = QStringLiteral("Puzzle not in Quillmark format or is corrupt.");
+const QString ForeignMessage = QStringLiteral("Not a valid Quillmark puzzle.");
+const QString ChangedQuestion = QStringLiteral("Puzzle has changed. Save current changes?");
+const QString HideGuides = QStringLiteral("&Hide Guidelines");
+const QString ShowGuides = QStringLiteral("S&how Guidelines");
+constexpr int ModeLineHeight = 19;
+
+QAction *makeAction(QObject *parent, const char *name, const QString &caption)
+{
+    auto *action = new QAction(caption, parent);
+    action->setObjectName(QString::fromLatin1(name));
+    return action;
+}
+
+QToolButton *makeButton(QWidget *parent, const char *name, const QString &glyph)
+{
+    auto *button = new QToolButton(parent);
+    button->setObjectName(QString::fromLatin1(name));
+    button->setIcon(Glyph(glyph));
+    button->setIconSize(QSize(22, 22));
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    return button;
+}
+
+// The status font: face, size in points, style bits (bold 1, italic 2, underline 4,
+// strike-out 8) and colour, from the settings with their defaults.
+QFont statusFont(QColor *color)
+{
+    QFont font(ReadText(QStringLiteral("StatusFontName"), QStringLiteral("Times New Roman")));
+    font.setPointSize(std::max(1, ReadInt(QStringLiteral("StatusFontSize"), 11)));
+    const int style = ReadInt(QStringLiteral("StatusFontStyle"), 1);
+    font.setBold(style & 1);
+    font.setItalic(style & 2);
+    font.setUnderline(style & 4);
+    font.setStrikeOut(style & 8);
+    *color = ColorFromSetting(ReadText(QStringLiteral("StatusFontColor"), QStringLiteral("clNavy")));
+    return font;
+}
+
+std::optional<QRect> boundsFromSetting(const QString &name)
+{
+    const QStringList parts = ReadText(name).split(u',');
+    if (parts.size() < 4)
+        return std::nullopt;
+    int values[4];
+    for (int i = 0; i < 4; ++i) {
+        bool ok = false;
+        values[i] = parts[i].trimmed().toInt(&ok);
+        if (!ok)
+            return std::nullopt;
+    }
+    return QRect(values[0], values[1], values[2], values[3]);
+}
+
+void writeBoundsOf(const QString &name, const QWidget *window)
+{
+    WriteBounds(name, window->x(), window->y(), window->width(), window->height());
+}
+
+}  // namespace
+
+void ShowPuzzleError(const QString &text)
+{
+    PlayErrorSound();
+    Dialogs().Error(XwdMainForm, text);
+}
 
 TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
 {
     setObjectName(QStringLiteral("XwdMainForm"));
     setWindowTitle(QStringLiteral("Quillmark"));
-    auto *central = new QWidget(this);
-    auto *layout = new QVBoxLayout(central);
-    ModeLabel = new QLabel(central);
+    if (!XwdMainForm)
+        XwdMainForm = this;
+    createActions();
+    createMenus();
+    createBody();
+    updateActions();
+}
+
+void TXwdMainForm::createActions()
+{
+    OpenSolveAct = makeAction(this, "OpenSolveAct", QStringLiteral("&Solve..."));
+    ConstructOpenAct = makeAction(this, "ConstructOpenAct", QStringLiteral("&Open..."));
+    connect(OpenSolveAct, &QAction::triggered, this, [this] { Open1Click(true); });
+    connect(ConstructOpenAct, &QAction::triggered, this, [this] { Open1Click(false); });
+
+    const QStringList menuCaptions = {QStringLiteral("&11×"), QStringLiteral("1&3×"), QStringLiteral("1&5×"),
+                                      QStringLiteral("1&7×"), QStringLiteral("1&9×"), QStringLiteral("2&1×"),
+                                      QStringLiteral("2&3×")};
+    for (int i = 0; i < 7; ++i) {
+        const int size = 11 + 2 * i;
+        auto *action = makeAction(this, QStringLiteral("New%1Act").arg(size).toLatin1().constData(), menuCaptions[i]);
+        action->setIconText(QStringLiteral("%1×").arg(size));
+        connect(action, &QAction::triggered, this, [this, action] { NewPuzzleClick(action); });
+        NewActs.append(action);
+    }
+
+    SaveAct = makeAction(this, "SaveAct", QStringLiteral("Sa&ve"));
+    SaveAct->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
+    connect(SaveAct, &QAction::triggered, this, &TXwdMainForm::Save1Click);
+    SavePuzzleAsAct = makeAction(this, "SavePuzzleAsAct", QStringLiteral("Save Puzzle &As..."));
+    connect(SavePuzzleAsAct, &QAction::triggered, this, [this] { CopyGridAs1Click(SavePuzzleAsAct); });
+    CopyGridAsAct = makeAction(this, "CopyGridAsAct", QStringLiteral("Copy &Grid As..."));
+    connect(CopyGridAsAct, &QAction::triggered, this, [this] { CopyGridAs1Click(CopyGridAsAct); });
+    RevertToSavedAct = makeAction(this, "RevertToSavedAct", QStringLiteral("&Revert to Saved"));
+    connect(RevertToSavedAct, &QAction::triggered, this, &TXwdMainForm::ReverttoSaved1Click);
+    ExitAct = makeAction(this, "ExitAct", QStringLiteral("E&xit"));
+    ExitAct->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_X));
+    connect(ExitAct, &QAction::triggered, this, &TXwdMainForm::Exit1Click);
+
+    History1Act = makeAction(this, "History1Act", QStringLiteral("&1 Puzzle 1"));
+    History2Act = makeAction(this, "History2Act", QStringLiteral("&2 Puzzle 2"));
+    History3Act = makeAction(this, "History3Act", QStringLiteral("&3 Puzzle 3"));
+    for (int k = 1; k <= HistorySize; ++k) {
+        historyAct(k)->setVisible(false);
+        connect(historyAct(k), &QAction::triggered, this, [this, k] { HistoryClick(k); });
+    }
+
+    ShowGuidesAct = makeAction(this, "ShowGuidesAct", ShowGuides);
+    connect(ShowGuidesAct, &QAction::triggered, this, &TXwdMainForm::ShowGuidesActExecute);
+    AutoArrangeAct = makeAction(this, "AutoArrangeAct", QStringLiteral("&Auto Arrange"));
+    AutoArrangeAct->setShortcut(QKeySequence(Qt::Key_F9));
+    connect(AutoArrangeAct, &QAction::triggered, this, &TXwdMainForm::AutoArrangeActExecute);
+
+    // The grid, clue and tool windows are separate windows: the shortcuts must reach the
+    // command from whichever of them has the focus.
+    for (QAction *action : findChildren<QAction *>())
+        action->setShortcutContext(Qt::ApplicationShortcut);
+}
+
+void TXwdMainForm::createMenus()
+{
+    QMenu *puzzle = menuBar()->addMenu(QStringLiteral("&Puzzle"));
+    puzzle->setObjectName(QStringLiteral("PuzzleMenu"));
+    puzzle->addAction(OpenSolveAct);
+    QMenu *construct = puzzle->addMenu(QStringLiteral("&Construct"));
+    construct->addAction(ConstructOpenAct);
+    QMenu *newMenu = construct->addMenu(QStringLiteral("&New"));
+    newMenu->addActions(NewActs);
+    puzzle->addSeparator();
+    puzzle->addAction(SaveAct);
+    puzzle->addAction(SavePuzzleAsAct);
+    puzzle->addAction(CopyGridAsAct);
+    historySeparator_ = puzzle->addSeparator();
+    historySeparator_->setVisible(false);
+    puzzle->addActions({History1Act, History2Act, History3Act});
+    puzzle->addSeparator();
+    puzzle->addAction(ExitAct);
+
+    QMenu *options = menuBar()->addMenu(QStringLiteral("&Options"));
+    options->setObjectName(QStringLiteral("OptionsMenu"));
+    options->addAction(RevertToSavedAct);
+    options->addAction(ShowGuidesAct);
+    options->addAction(AutoArrangeAct);
+}
+
+void TXwdMainForm::createToolPanel()
+{
+    ToolPanel = new QWidget(this);
+    ToolPanel->setObjectName(QStringLiteral("ToolPanel"));
+    ToolPanel->setFocusPolicy(Qt::StrongFocus);
+    auto *row = new QHBoxLayout(ToolPanel);
+    row->setContentsMargins(4, 2, 4, 2);
+    row->setSpacing(2);
+
+    MouseBtn = makeButton(ToolPanel, "MouseBtn", QStringLiteral("MOUSEACR"));
+    setButtonHint(MouseBtn, QStringLiteral("Swap mouse buttons"));
+    connect(MouseBtn, &QToolButton::clicked, this, &TXwdMainForm::MouseBtnClick);
+
+    CheatBtn = makeButton(ToolPanel, "CheatBtn", QStringLiteral("CHEAT"));
+    setButtonHint(CheatBtn, QStringLiteral("Show puzzle answers"));
+
+    SquaresBtn = makeButton(ToolPanel, "SquaresBtn", QStringLiteral("SQUARES"));
+    setButtonHint(SquaresBtn, QStringLiteral("Design puzzle grid"));
+    LettersBtn = makeButton(ToolPanel, "LettersBtn", QStringLiteral("LETTERS"));
+    setButtonHint(LettersBtn, QStringLiteral("Construct the puzzle"));
+    auto *modeGroup = new QButtonGroup(this);
+    for (QToolButton *button : {SquaresBtn, LettersBtn}) {
+        button->setCheckable(true);
+        modeGroup->addButton(button);
+    }
+    connect(SquaresBtn, &QToolButton::clicked, this, &TXwdMainForm::SquaresBtnClick);
+    connect(LettersBtn, &QToolButton::clicked, this, &TXwdMainForm::LettersBtnClick);
+
+    SymmetryBtn = makeButton(ToolPanel, "SymmetryBtn", QStringLiteral("OFFSYMMETRY"));
+    setButtonHint(SymmetryBtn, QStringLiteral("DIAGONAL symmetry"));
+    connect(SymmetryBtn, &QToolButton::clicked, this, &TXwdMainForm::SymmetryBtnClick);
+
+    AutoclueBtn = makeButton(ToolPanel, "AutoclueBtn", QStringLiteral("AUTOCLUE"));
+    setButtonHint(AutoclueBtn, QStringLiteral("Write the clues"));
+    AutoclueBtn->setVisible(false);  // comes with the clue-writing window
+
+    for (QToolButton *button : {MouseBtn, SquaresBtn, LettersBtn, SymmetryBtn, CheatBtn, AutoclueBtn})
+        row->addWidget(button);
+    row->addStretch(1);
+}
+
+void TXwdMainForm::createBody()
+{
+    createToolPanel();
+    auto *body = new QWidget(this);
+    auto *column = new QVBoxLayout(body);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(ToolPanel);
+
+    ModeLabel = new QLabel(body);
     ModeLabel->setObjectName(QStringLiteral("ModeLabel"));
-    DataMemo = new QPlainTextEdit(central);
+    ModeLabel->setIndent(6);
+    ModeLabel->setFixedHeight(0);
+    QFont modeFont = ModeLabel->font();
+    modeFont.setBold(true);
+    ModeLabel->setFont(modeFont);
+    column->addWidget(ModeLabel);
+
+    LogoImage = new QLabel(body);
+    LogoImage->setObjectName(QStringLiteral("LogoImage"));
+    LogoImage->setPixmap(Glyph(QStringLiteral("LOGO")).pixmap(QSize(270, 90)));
+    LogoImage->setAlignment(Qt::AlignCenter);
+    column->addWidget(LogoImage);
+
+    DataMemo = new QPlainTextEdit(body);
     DataMemo->setObjectName(QStringLiteral("DataMemo"));
     DataMemo->setReadOnly(true);
-    Byline = new QLabel(central);
+    DataMemo->setFrameShape(QFrame::NoFrame);
+    DataMemo->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    DataMemo->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    DataMemo->viewport()->installEventFilter(this);
+    DataMemo->setVisible(false);
+    column->addWidget(DataMemo, 1);
+
+    UpdateBtn = new QPushButton(QStringLiteral("Update"), body);
+    UpdateBtn->setObjectName(QStringLiteral("UpdateBtn"));
+    UpdateBtn->setToolTip(QStringLiteral("Update puzzle specifications"));
+    UpdateBtn->setVisible(false);
+    connect(UpdateBtn, &QPushButton::clicked, this, &TXwdMainForm::UpdateBtnClick);
+    column->addWidget(UpdateBtn, 0, Qt::AlignLeft);
+
+    Byline = new QLabel(body);
     Byline->setObjectName(QStringLiteral("Byline"));
-    layout->addWidget(ModeLabel);
-    layout->addWidget(DataMemo);
-    layout->addWidget(Byline);
-    setCentralWidget(central);
-    resize(320, 200);
+    Byline->setFrameShape(QFrame::StyledPanel);
+    Byline->setFrameShadow(QFrame::Sunken);
+    Byline->setIndent(4);
+    column->addWidget(Byline);
+    setCentralWidget(body);
+}
+
+void TXwdMainForm::setButtonHint(QToolButton *button, const QString &hint)
+{
+    button->setProperty("hint", hint);
+    button->setToolTip(button->isEnabled() ? hint : QString());
+}
+
+QAction *TXwdMainForm::historyAct(int k) const
+{
+    return k == 1 ? History1Act : k == 2 ? History2Act : History3Act;
+}
+
+void TXwdMainForm::updateActions()
+{
+    const bool solving = puzzleOpen_ && PuzzleMode == SolveMode;
+    const bool constructing = puzzleOpen_ && PuzzleMode != SolveMode;
+
+    SaveAct->setEnabled(puzzleOpen_);
+    RevertToSavedAct->setEnabled(puzzleOpen_);
+    AutoArrangeAct->setEnabled(firstOpenDone_);
+    for (QAction *action : {SavePuzzleAsAct, CopyGridAsAct, ShowGuidesAct})
+        action->setEnabled(constructing);
+    SquaresBtn->setEnabled(constructing);
+    LettersBtn->setEnabled(constructing);
+    AutoclueBtn->setEnabled(constructing);
+    UpdateBtn->setVisible(constructing);
+    CheatBtn->setEnabled(solving);
+    SymmetryBtn->setEnabled(constructing && PuzzleMode == DesignMode);
+
+    for (QToolButton *button : {MouseBtn, CheatBtn, SquaresBtn, LettersBtn, SymmetryBtn, AutoclueBtn}) {
+        const QString hint = button->property("hint").toString();
+        // The symmetry hint stays readable while constructing, also while the button rests.
+        const bool showHint = button->isEnabled() || (button == SymmetryBtn && constructing);
+        button->setToolTip(showHint ? hint : QString());
+    }
+}
+
+void TXwdMainForm::FormShow(const QStringList &arguments)
+{
+    QColor color;
+    DataMemo->setFont(statusFont(&color));
+    QPalette palette = DataMemo->palette();
+    palette.setColor(QPalette::Text, color);
+    DataMemo->setPalette(palette);
+    PlaySounds = ReadInt(QStringLiteral("PlaySounds"), 1);
+
+    // Fixed until a puzzle is open: the logo's width and everything stacked above it.
+    setFixedWidth(LogoImage->sizeHint().width() + 12);
+    setFixedHeight(sizeHint().height());
+
+    if (arguments.isEmpty())
+        RebuildHistory();
+    else
+        OpenFromCommandLine(arguments);
 }
 
 void TXwdMainForm::OpenFromCommandLine(const QStringList &arguments)
@@ -35,20 +348,449 @@ void TXwdMainForm::OpenFromCommandLine(const QStringList &arguments)
     if (arguments.isEmpty())
         return;
     CurrentPuzzlePath = arguments.at(0);
-    try {
-        OpenPuzzleFile(CurrentPuzzlePath);
-    } catch (const TPuzzleIOError &) {
+    if (!tryOpen(CurrentPuzzlePath)) {
+        ShowPuzzleError(CorruptMessage);
         CurrentPuzzlePath.clear();
-        QMessageBox::critical(this, windowTitle(), QStringLiteral("Puzzle not in Quillmark format or is corrupt."));
         return;
     }
     PuzzleMode = arguments.value(1).toUpper() == u"-S" ? SolveMode : ConstructMode;
     PuzzleOpened();
 }
 
+bool TXwdMainForm::tryOpen(const QString &path)
+{
+    try {
+        OpenPuzzleFile(path);
+        return true;
+    } catch (const TPuzzleIOError &) {
+        return false;
+    }
+}
+
+bool TXwdMainForm::writeOrReport(const QString &path)
+{
+    try {
+        WritePuzzle(path);
+        return true;
+    } catch (const TPuzzleIOError &e) {
+        ShowPuzzleError(QStringLiteral("The puzzle could not be saved.\n%1").arg(QString::fromStdString(e.what())));
+        return false;
+    }
+}
+
+void TXwdMainForm::Open1Click(bool solving)
+{
+    if (PuzzleChanged && !SaveChangesQuery())
+        return;
+    TFileRequest request;
+    request.Kind = TFileRequest::Open;
+    request.Title = solving ? QStringLiteral("Open puzzle for solving") : QStringLiteral("Open puzzle for constructing");
+    request.Directory = QDir::currentPath();
+    request.Filter = OpenFilter;
+    request.DefaultExtension = QStringLiteral("xwd");
+    const auto choice = Dialogs().ChooseFile(this, request);
+    if (!choice)
+        return;
+    if (!tryOpen(choice->Path)) {
+        // Read the previous puzzle again so that what is shown is what is on disk.
+        if (!CurrentPuzzlePath.isEmpty())
+            tryOpen(CurrentPuzzlePath);
+        if (XwdGridForm)
+            XwdGridForm->update();
+        ShowPuzzleError(CorruptMessage);
+        return;
+    }
+    PuzzleMode = solving ? SolveMode : ConstructMode;
+    CurrentPuzzlePath = choice->Path;
+    PuzzleOpened();
+}
+
+void TXwdMainForm::NewPuzzleClick(QAction *action)
+{
+    const int size = action->iconText().left(2).toInt();
+    if (PuzzleChanged && !SaveChangesQuery())
+        return;
+    TFileRequest request;
+    request.Kind = TFileRequest::Save;
+    request.Title = QStringLiteral("New %1x puzzle for constructing").arg(size);
+    request.FileName = QStringLiteral("untitled.xwd");
+    request.DefaultExtension = QStringLiteral("xwd");
+    request.Directory = QDir::currentPath();
+    request.Filter = OpenFilter;
+    const auto choice = Dialogs().ChooseFile(this, request);
+    if (!choice)
+        return;
+    const QString path = WithPuzzleExtension(choice->Path);
+    if (HasForeignExtension(path)) {
+        ShowPuzzleError(ForeignMessage);
+        return;
+    }
+    const TPuzzle previous = Puzzle;
+    ClearPuzzle(size, 'N');
+    if (!writeOrReport(path)) {
+        Puzzle = previous;
+        return;
+    }
+    PuzzleMode = ConstructMode;
+    CurrentPuzzlePath = path;
+    PuzzleOpened();
+}
+
+void TXwdMainForm::showSaving()
+{
+    if (!InfoWin)
+        return;
+    QPoint at(35, 35);
+    if (XwdGridForm)
+        at += XwdGridForm->pos();
+    InfoWin->ShowProgress(TInfoWin::Saving, at);
+}
+
+void TXwdMainForm::Save1Click()
+{
+    if (!puzzleOpen_ || CurrentPuzzlePath.isEmpty())
+        return;
+    if (writeOrReport(CurrentPuzzlePath))
+        showSaving();
+}
+
+void TXwdMainForm::CopyGridAs1Click(QAction *action)
+{
+    const bool copyGrid = action == CopyGridAsAct;
+    TFileRequest request;
+    request.Kind = TFileRequest::Save;
+    request.Title = copyGrid ? QStringLiteral("Copy grid as...") : QStringLiteral("Save puzzle as...");
+    request.Filter = copyGrid ? CopyGridFilter : SaveAsFilter;
+    request.FileName = QStringLiteral("untitled.xwd");
+    request.DefaultExtension = QStringLiteral("xwd");
+    request.Directory = QDir::currentPath();
+    const auto choice = Dialogs().ChooseFile(this, request);
+    if (!choice)
+        return;
+    const QString path = WithPuzzleExtension(choice->Path);
+    if (HasForeignExtension(path)) {
+        ShowPuzzleError(ForeignMessage);
+        return;
+    }
+    if (!copyGrid && choice->FilterIndex == 2) {
+        // A version-5 copy is an export: the open puzzle stays as it is.
+        try {
+            WritePuzzle5(path);
+        } catch (const TPuzzleIOError &e) {
+            ShowPuzzleError(QStringLiteral("The puzzle could not be saved.\n%1").arg(QString::fromStdString(e.what())));
+            return;
+        }
+        showSaving();
+        return;
+    }
+    const TPuzzle previous = Puzzle;
+    const bool previousChanged = PuzzleChanged;
+    if (copyGrid)
+        ClearPuzzle(Puzzle.Size, 'C');
+    if (!writeOrReport(path)) {
+        Puzzle = previous;
+        PuzzleChanged = previousChanged;
+        return;
+    }
+    CurrentPuzzlePath = path;
+    PuzzleOpened();
+}
+
+void TXwdMainForm::ReverttoSaved1Click()
+{
+    PlayQuestionSound();
+    if (Dialogs().Ask(this, QStringLiteral("Discard all recent changes and return to last saved puzzle?"), false) !=
+        TAnswer::Yes)
+        return;
+    try {
+        ReadPuzzle(CurrentPuzzlePath);
+    } catch (const TPuzzleIOError &) {
+        ShowPuzzleError(CorruptMessage);
+        return;
+    }
+    if (XwdGridForm)
+        XwdGridForm->DropCurrentWord();
+    if (PuzzleMode == SolveMode) {
+        ModeLabel->clear();
+        DataMemo->clear();
+        if (CluesForm) {
+            CluesForm->Fill();
+            CluesForm->ClearSelection();
+        }
+    } else {
+        UpdateBtnClick();
+    }
+    PuzzleChanged = false;
+}
+
+bool TXwdMainForm::SaveChangesQuery()
+{
+    if (PuzzleMode != SolveMode) {
+        PlayQuestionSound();
+        switch (Dialogs().Ask(this, ChangedQuestion, true)) {
+        case TAnswer::Cancel:
+            return false;
+        case TAnswer::No:
+            PuzzleChanged = false;
+            return true;
+        case TAnswer::Yes:
+            break;
+        }
+    }
+    // A failed save must not let the caller throw the changes away.
+    return writeOrReport(CurrentPuzzlePath);
+}
+
+void TXwdMainForm::HistoryClick(int k)
+{
+    if (PuzzleChanged && !SaveChangesQuery())
+        return;
+    const QString entry = ReadText(QStringLiteral("HistoryPuzzle%1").arg(k));
+    if (entry.size() < 3)
+        return;
+    const QString path = HistoryPath(entry);
+    const bool solving = HistoryIsSolving(entry);
+    if (path == CurrentPuzzlePath && puzzleOpen_ && solving == (PuzzleMode == SolveMode))
+        return;
+
+    const QString previousPath = CurrentPuzzlePath;
+    const QString previousDir = QDir::currentPath();
+    QDir::setCurrent(QFileInfo(path).absolutePath());
+    if (!QFileInfo::exists(path) || !tryOpen(path)) {
+        // Keep the open puzzle tied to its own file, so that a later save cannot write it
+        // over the path that failed.
+        CurrentPuzzlePath = previousPath;
+        QDir::setCurrent(previousDir);
+        ShowPuzzleError(QFileInfo::exists(path) ? CorruptMessage
+                                                : QStringLiteral("Unable to locate this puzzle from path in history list."));
+        return;
+    }
+    CurrentPuzzlePath = path;
+    PuzzleMode = solving ? SolveMode : ConstructMode;
+    PuzzleOpened();
+}
+
+void TXwdMainForm::RebuildHistory()
+{
+    QStringList stored;
+    for (int k = 1; k <= HistorySize; ++k)
+        stored.append(ReadText(QStringLiteral("HistoryPuzzle%1").arg(k)));
+    const QStringList entries =
+        HistoryEntries(ReadText(QStringLiteral("CurrentPuzzle")), puzzleOpen_, PuzzleMode == SolveMode, stored);
+
+    historySeparator_->setVisible(false);
+    for (int k = 1; k <= HistorySize; ++k)
+        historyAct(k)->setVisible(false);
+    for (int k = 1; k <= int(entries.size()); ++k) {
+        const QString &entry = entries[k - 1];
+        QAction *action = historyAct(k);
+        action->setText(HistoryCaption(k, entry));
+        action->setIcon(Glyph(entry.endsWith(u'c') ? QStringLiteral("CONSTRUCT") : QStringLiteral("SOLVE")));
+        action->setVisible(true);
+        historySeparator_->setVisible(true);
+        WriteSetting(QStringLiteral("HistoryPuzzle%1").arg(k), entry);
+    }
+}
+
+QSize TXwdMainForm::MinimumFittedSize() const
+{
+    const QFontMetrics metrics(DataMemo->font());
+    const int width = std::max(270, metrics.horizontalAdvance(QStringLiteral("MBlack Squares: 99 Par: 99M")));
+    const int height = menuBar()->sizeHint().height() + ToolPanel->sizeHint().height() + ModeLineHeight +
+                       5 * metrics.lineSpacing() + UpdateBtn->sizeHint().height() + Byline->sizeHint().height();
+    return {width, height};
+}
+
 void TXwdMainForm::PuzzleOpened()
 {
-    setWindowTitle(QStringLiteral("Quillmark - %1").arg(QFileInfo(CurrentPuzzlePath).fileName()));
-    ModeLabel->setText(PuzzleMode == SolveMode ? QString() : QStringLiteral("Specifications"));
+    puzzleOpen_ = true;
+    if (!firstOpenDone_) {
+        firstOpenDone_ = true;
+        LogoImage->setVisible(false);
+        ModeLabel->setFixedHeight(ModeLineHeight);
+        DataMemo->setVisible(true);
+        setMinimumSize(MinimumFittedSize());
+        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        resize(minimumSize());
+    }
+    DataMemo->clear();
+
+    WriteSetting(QStringLiteral("CurrentPuzzle"), CurrentPuzzlePath);
+    RebuildHistory();
+
+    if (XwdGridForm) {
+        XwdGridForm->setWindowTitle(QFileInfo(CurrentPuzzlePath).fileName());
+        if (XwdGridForm->isVisible())
+            XwdGridForm->hide();
+        XwdGridForm->show();
+        XwdGridForm->raise();
+    }
+    if (CluesForm) {
+        CluesForm->setVisible(PuzzleMode == SolveMode);
+        if (PuzzleMode == SolveMode)
+            CluesForm->Fill();
+    }
+
+    if (XwdGridForm)
+        XwdGridForm->Editor.Symmetry = 0;
+    SymmetryBtnClick();
+    updateActions();
+
+    if (PuzzleMode == SolveMode) {
+        SymmetryBtn->setIcon(Glyph(QStringLiteral("OFFSYMMETRY")));
+        ModeLabel->clear();
+        const QByteArray byline = Puzzle.Byline.text();
+        if (byline.isEmpty())
+            Byline->setText(QStringLiteral("a Quillmark puzzle"));
+        else if (byline == "--")
+            Byline->clear();
+        else
+            Byline->setText((QStringLiteral("by ") + FromCp1252(byline)).left(63));
+    } else {
+        Byline->clear();
+        LettersBtn->setChecked(true);
+        LettersBtnClick();
+        ModeLabel->setText(QStringLiteral("Specifications"));
+        UpdateBtnClick();
+    }
+}
+
+void TXwdMainForm::SquaresBtnClick()
+{
+    SquaresBtn->setChecked(true);
+    if (XwdGridForm && XwdGridForm->Editor.WordDirection != 0)
+        XwdGridForm->RestoreHighlight();
+    PuzzleMode = DesignMode;
+    updateActions();
+}
+
+void TXwdMainForm::LettersBtnClick()
+{
+    LettersBtn->setChecked(true);
+    PuzzleMode = ConstructMode;
+    updateActions();
+}
+
+void TXwdMainForm::MouseBtnClick()
+{
+    if (!XwdGridForm)
+        return;
+    bool &swapped = XwdGridForm->Editor.MouseSwapped;
+    swapped = !swapped;
+    MouseBtn->setIcon(Glyph(swapped ? QStringLiteral("MOUSEDWN") : QStringLiteral("MOUSEACR")));
+}
+
+void TXwdMainForm::SymmetryBtnClick()
+{
+    if (!XwdGridForm)
+        return;
+    int &symmetry = XwdGridForm->Editor.Symmetry;
+    symmetry = symmetry == 0 ? 1 : symmetry == 1 ? 2 : 0;
+    static const char *const glyphs[] = {"NOTSYMMETRY", "DIAGSYMMETRY", "HORSYMMETRY"};
+    static const char *const hints[] = {"Grid symmetry is OFF", "DIAGONAL symmetry", "HORIZONTAL symmetry"};
+    SymmetryBtn->setIcon(Glyph(QString::fromLatin1(glyphs[symmetry])));
+    setButtonHint(SymmetryBtn, QString::fromLatin1(hints[symmetry]));
+    updateActions();
+}
+
+void TXwdMainForm::ShowGuidesActExecute()
+{
+    ShowGuidesAct->setText(ShowGuidesAct->text() == ShowGuides ? HideGuides : ShowGuides);
+    if (XwdGridForm)
+        XwdGridForm->update();
+}
+
+void TXwdMainForm::UpdateBtnClick()
+{
     DataMemo->setPlainText(PuzzleSpecText(Puzzle));
+    ToolPanel->setFocus();
+}
+
+void TXwdMainForm::ShowSolvingClue(int slot)
+{
+    if (!CluesForm)
+        return;
+    CluesForm->SelectSlot(slot);
+    if (slot <= 0)
+        return;
+    DataMemo->setPlainText(CluesForm->CurrentLine());
+    const bool across = XwdGridForm && XwdGridForm->Editor.WordDirection == 1;
+    ModeLabel->setText(across ? QStringLiteral("Across Clue") : QStringLiteral("Down Clue"));
+}
+
+void TXwdMainForm::ClearSolvingClue()
+{
+    DataMemo->clear();
+    if (PuzzleMode == SolveMode)
+        ModeLabel->clear();
+    if (CluesForm)
+        CluesForm->ClearSelection();
+}
+
+void TXwdMainForm::AutoArrangeActExecute()
+{
+    if (const auto bounds = boundsFromSetting(QStringLiteral("ScreenBoundsMain"))) {
+        move(bounds->topLeft());
+        resize(bounds->size());
+    } else {
+        const QRect screen = this->screen() ? this->screen()->availableGeometry() : QRect(0, 0, 1024, 768);
+        const QSize minimum = minimumSize();
+        move(screen.width() - minimum.width() - 4, 2);
+        resize(minimum);
+    }
+    if (XwdGridForm && XwdGridForm->isVisible())
+        XwdGridForm->ArrangeFromSettings();
+    if (CluesForm && CluesForm->isVisible())
+        if (const auto bounds = boundsFromSetting(QStringLiteral("ScreenBoundsClues"))) {
+            CluesForm->move(bounds->topLeft());
+            CluesForm->resize(bounds->size());
+        }
+}
+
+void TXwdMainForm::WriteWindowBounds()
+{
+    writeBoundsOf(QStringLiteral("ScreenBoundsMain"), this);
+    if (XwdGridForm)
+        writeBoundsOf(QStringLiteral("ScreenBoundsGrid"), XwdGridForm);
+    if (CluesForm)
+        writeBoundsOf(QStringLiteral("ScreenBoundsClues"), CluesForm);
+    WriteSetting(QStringLiteral("ScreenSquare"), SquareSize);
+}
+
+void TXwdMainForm::Exit1Click()
+{
+    close();
+}
+
+void TXwdMainForm::closeEvent(QCloseEvent *event)
+{
+    if (PuzzleChanged && PuzzleMode != SolveMode) {
+        PlayQuestionSound();
+        const TAnswer answer = Dialogs().Ask(this, ChangedQuestion, true);
+        if (answer == TAnswer::Cancel) {
+            event->ignore();
+            return;
+        }
+        if (answer == TAnswer::No)
+            PuzzleChanged = false;
+    }
+    if (PuzzleChanged && !writeOrReport(CurrentPuzzlePath)) {
+        event->ignore();
+        return;
+    }
+    ClosingAllowed = true;
+    if (XwdGridForm)
+        XwdGridForm->close();
+    if (CluesForm)
+        CluesForm->close();
+    event->accept();
+}
+
+bool TXwdMainForm::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == DataMemo->viewport() && event->type() == QEvent::MouseButtonPress) {
+        ToolPanel->setFocus();
+        return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
 }

@@ -1,24 +1,114 @@
 #pragma once
-// The main window: menus, tool panel, mode line and status text; owner of the puzzle's
-// lifecycle.
+// The main window: menus, tool panel, mode line, status text and byline; owner of the
+// puzzle's lifecycle (new, open, save, save as, copy grid, revert, history, close).
 
 #include <QMainWindow>
 
+class QAction;
+class QActionGroup;
 class QLabel;
+class QMenu;
 class QPlainTextEdit;
+class QPushButton;
+class QToolButton;
+class QWidget;
 
 class TXwdMainForm : public QMainWindow {
     Q_OBJECT
 public:
     explicit TXwdMainForm(QWidget *parent = nullptr);
 
-    // Opens the puzzle named on the command line; "-S" as second argument for solving.
+    // Start-up: the status font, PlaySounds, and the puzzle named on the command line
+    // ("-S" after it for solving); without one, the history of the previous run.
+    void FormShow(const QStringList &arguments);
     void OpenFromCommandLine(const QStringList &arguments);
 
-private:
-    void PuzzleOpened();
+    // Commands.
+    void Open1Click(bool solving);
+    void NewPuzzleClick(QAction *action);
+    void Save1Click();
+    void CopyGridAs1Click(QAction *action);
+    void ReverttoSaved1Click();
+    void HistoryClick(int k);
+    void Exit1Click();
 
+    void SquaresBtnClick();
+    void LettersBtnClick();
+    void MouseBtnClick();
+    void SymmetryBtnClick();
+    void ShowGuidesActExecute();
+    void UpdateBtnClick();
+    void AutoArrangeActExecute();
+
+    // False when the user cancels.
+    bool SaveChangesQuery();
+    void PuzzleOpened();
+    void RebuildHistory();
+
+    // The solving status: the selected clue under "Across Clue" or "Down Clue".
+    void ShowSolvingClue(int slot);
+    void ClearSolvingClue();
+
+    // Stores the bounds of every window as the preferences' screen layout asks.
+    void WriteWindowBounds();
+
+    // The smallest size the window may take once a puzzle is open.
+    QSize MinimumFittedSize() const;
+
+    // Actions, by the names the menus, buttons and tests know them by.
+    QAction *OpenSolveAct = nullptr;
+    QAction *ConstructOpenAct = nullptr;
+    QList<QAction *> NewActs;  // New11Act .. New23Act
+    QAction *SaveAct = nullptr;
+    QAction *SavePuzzleAsAct = nullptr;
+    QAction *CopyGridAsAct = nullptr;
+    QAction *RevertToSavedAct = nullptr;
+    QAction *ExitAct = nullptr;
+    QAction *History1Act = nullptr;
+    QAction *History2Act = nullptr;
+    QAction *History3Act = nullptr;
+    QAction *ShowGuidesAct = nullptr;
+    QAction *AutoArrangeAct = nullptr;
+
+    QWidget *ToolPanel = nullptr;
+    QToolButton *MouseBtn = nullptr;
+    QToolButton *CheatBtn = nullptr;
+    QToolButton *AutoclueBtn = nullptr;
+    QToolButton *SquaresBtn = nullptr;
+    QToolButton *LettersBtn = nullptr;
+    QToolButton *SymmetryBtn = nullptr;
+    QLabel *LogoImage = nullptr;
     QLabel *ModeLabel = nullptr;
     QPlainTextEdit *DataMemo = nullptr;
+    QPushButton *UpdateBtn = nullptr;
     QLabel *Byline = nullptr;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void createActions();
+    void createMenus();
+    void createToolPanel();
+    void createBody();
+    // Sets what is enabled and visible for the current mode and puzzle.
+    void updateActions();
+    void setButtonHint(QToolButton *button, const QString &hint);
+    QAction *historyAct(int k) const;
+    // Writes Puzzle to `path`; on failure tells the user and returns false.
+    bool writeOrReport(const QString &path);
+    // Reads a puzzle; false when it is not one.
+    bool tryOpen(const QString &path);
+    void showSaving();
+
+    QMenu *historySeparatorHolder_ = nullptr;
+    QAction *historySeparator_ = nullptr;
+    bool puzzleOpen_ = false;
+    bool firstOpenDone_ = false;
 };
+
+extern TXwdMainForm *XwdMainForm;
+
+// The one error box of the program: the error sound, then the message with OK.
+void ShowPuzzleError(const QString &text);

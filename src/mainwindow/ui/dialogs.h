@@ -1,0 +1,50 @@
+#pragma once
+// Every modal interaction of the program goes through TDialogs, so that tests can answer
+// message boxes and file dialogs without a window ever blocking.
+
+#include <QFont>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class QWidget;
+
+enum class TAnswer { Yes, No, Cancel };
+
+struct TFileRequest {
+    enum Kind { Open, Save } Kind = Open;
+    QString Title;
+    // Windows form: "Description|pattern|Description|pattern".
+    QString Filter;
+    QString DefaultExtension;
+    QString Directory;
+    QString FileName;
+};
+
+struct TFileChoice {
+    QString Path;
+    int FilterIndex = 1;  // 1-based, as the filter lists them
+};
+
+class TDialogs {
+public:
+    virtual ~TDialogs() = default;
+    // An error message with an OK button.
+    virtual void Error(QWidget *parent, const QString &text) = 0;
+    // An information message with an OK button.
+    virtual void Inform(QWidget *parent, const QString &text) = 0;
+    // A question with Yes and No, and Cancel when `withCancel`.
+    virtual TAnswer Ask(QWidget *parent, const QString &text, bool withCancel) = 0;
+    // The chosen file, or nothing when cancelled.
+    virtual std::optional<TFileChoice> ChooseFile(QWidget *parent, const TFileRequest &request) = 0;
+    virtual std::optional<QFont> ChooseFont(QWidget *parent, const QFont &initial) = 0;
+};
+
+// The dialogs in use: the real ones unless replaced.
+TDialogs &Dialogs();
+// Replaces the dialogs (tests); returns the previous ones.
+std::unique_ptr<TDialogs> SetDialogs(std::unique_ptr<TDialogs> dialogs);
+
+// "Description|pattern|..." as Qt's "Description (pattern);;...".
+QString QtFileFilter(const QString &windowsFilter);

@@ -1,0 +1,425 @@
+// The main window and the puzzle's lifecycle, driven as a user would, with scripted dialogs.
+
+#include "mainwindow/puzzlestate.h"
+#include "mainwindow/ui/tprogram.h"
+#include "mainwindow/ui/tsoundfx.h"
+#include "mainwindow/ui/txwdmainform.h"
+#include "model/puzzlefile.h"
+#include "model/puzzletext.h"
+#include "scripteddialogs.h"
+#include "settings/txwdprocs.h"
+#include "uitestmain.h"
+#include "views/ui/tcluesform.h"
+#include "views/ui/txwdgridform.h"
+
+#include <QAction>
+#include <QFile>
+#include <QLabel>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QSignalSpy>
+#include <QToolButton>
+
+namespace {
+
+const char *const Clued =
+    "size 11\nbyline Ann Example\nlanguage 3\ngrid\n"
+    "CAT#DOG#EEL\n...........\n...........\n...........\n...........\n"
+    "...........\n...........\n...........\n...........\n...........\n.........#.\n"
+    "clues\n1A Purring pet\n4A Barking pet\n";
+
+QByteArray readAll(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+void writeAll(const QString &path, const QByteArray &bytes)
+{
+    QFile f(path);
+    QVERIFY(f.open(QIODevice::WriteOnly));
+    f.write(bytes);
+}
+
+TFileChoice file(const QString &path, int filter = 1)
+{
+    return TFileChoice{path, filter};
+}
+
+}  // namespace
+
+class TestMainForm : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TProgram> program;
+    std::unique_ptr<TDialogScript> dialogs;
+    std::unique_ptr<TScratchDir> dir;
+
+    TXwdMainForm *main() { return program->MainForm; }
+
+    QString makePuzzle(const QString &name, const char *text = Clued)
+    {
+        const QString path = dir->path(name);
+        WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(QString::fromUtf8(text))));
+        return path;
+    }
+
+    void open(const QString &path, bool solving)
+    {
+        (*dialogs)->Files.append(file(path));
+        (solving ? main()->OpenSolveAct : main()->ConstructOpenAct)->trigger();
+    }
+
+private slots:
+    void init()
+    {
+        ResetSettings();
+        Puzzle = TPuzzle{};
+        PuzzleChanged = false;
+        PuzzleMode = ConstructMode;
+        CurrentPuzzlePath.clear();
+        dir = std::make_unique<TScratchDir>();
+        dialogs = std::make_unique<TDialogScript>();
+        program = std::make_unique<TProgram>();
+        program->Start({});
+    }
+
+    void cleanup()
+    {
+        program.reset();
+        dialogs.reset();
+        dir.reset();
+    }
+
+    void newPuzzleIsWrittenAtOnceAndOpenedForConstructing()
+    {
+        const QString path = dir->path("fresh.xwd");
+        (*dialogs)->Files.append(file(path));
+        main()->findChild<QAction *>("New15Act")->trigger();
+
+        QCOMPARE((*dialogs)->FileRequests.size(), 1);
+        const TFileRequest request = (*dialogs)->FileRequests.first();
+        QCOMPARE(request.Title, QStringLiteral("New 15x puzzle for constructing"));
+        QCOMPARE(request.FileName, QStringLiteral("untitled.xwd"));
+        QCOMPARE(request.Filter, QStringLiteral("Quillmark Crossword Puzzle |*.xwd"));
+        QCOMPARE(readAll(path).size(), PuzzleFileSize);
+        QCOMPARE(int(PuzzleMode), int(ConstructMode));
+        QCOMPARE(CurrentPuzzlePath, path);
+        QCOMPARE(main()->ModeLabel->text(), QStringLiteral("Specifications"));
+        QCOMPARE(main()->DataMemo->toPlainText(),
+                 QStringLiteral(" Size of Grid: 15×\n Black Squares: 0  Par: 37\n Word Count: 30  Par: 78"));
+        QVERIFY(program->GridForm->isVisible());
+        QCOMPARE(program->GridForm->windowTitle(), QStringLiteral("FRESH"));
+        QVERIFY(!program->CluesForm->isVisible());
+        QVERIFY(main()->SaveAct->isEnabled());
+        QVERIFY(main()->CopyGridAsAct->isEnabled());
+
+        // A second New with unsaved changes asks first; Cancel keeps everything.
+        Puzzle.Cells(1, 1) = 'Q';
+        PuzzleChanged = true;
+        (*dialogs)->Answers.append(TAnswer::Cancel);
+        main()->findChild<QAction *>("New11Act")->trigger();
+        QCOMPARE((*dialogs)->Questions, QStringList{"Puzzle has changed. Save current changes? [YNC]"});
+        QCOMPARE((*dialogs)->FileRequests.size(), 1);
+        QCOMPARE(int(Puzzle.Size), 15);
+        QCOMPARE(Puzzle.Cells(1, 1), uint8_t('Q'));
+        QVERIFY(PuzzleChanged);
+        QCOMPARE(CurrentPuzzlePath, path);
+        QCOMPARE(program->SoundFX->Played(), QList<int>{1});
+
+        // No: the changes go, the new puzzle comes.
+        (*dialogs)->Answers.append(TAnswer::No);
+        (*dialogs)->Files.append(file(dir->path("small")));
+        main()->findChild<QAction *>("New11Act")->trigger();
+        QCOMPARE(int(Puzzle.Size), 11);
+        QCOMPARE(CurrentPuzzlePath, dir->path("small.xwd"));
+        QCOMPARE(DecodePuzzle(readAll(path)).Cells(1, 1), uint8_t(0));  // the answer No wrote nothing
+    }
+
+    void foreignExtensionsAreRefusedAndNothingIsWritten()
+    {
+        (*dialogs)->Files.append(file(dir->path("puzzle.txt")));
+        main()->findChild<QAction *>("New13Act")->trigger();
+        QCOMPARE((*dialogs)->Errors, QStringList{"Not a valid Quillmark puzzle."});
+        QVERIFY(!QFile::exists(dir->path("puzzle.txt")));
+        QVERIFY(CurrentPuzzlePath.isEmpty());
+        QCOMPARE(program->SoundFX->Played(), QList<int>{7});
+
+        open(makePuzzle("a.xwd"), false);
+        (*dialogs)->Files.append(file(dir->path("copy.doc")));
+        main()->CopyGridAsAct->trigger();
+        QCOMPARE((*dialogs)->Errors.size(), 2);
+        QVERIFY(!QFile::exists(dir->path("copy.doc")));
+    }
+
+    void aCorruptFileKeepsThePreviousPuzzle()
+    {
+        const QString good = makePuzzle("good.xwd");
+        open(good, false);
+        QCOMPARE(Puzzle.GetWord(1, 1, 'a'), QByteArray("CAT"));
+
+        writeAll(dir->path("bad.xwd"), QByteArray(500, 'x'));
+        open(dir->path("bad.xwd"), true);
+        QCOMPARE((*dialogs)->Errors, QStringList{"Puzzle not in Quillmark format or is corrupt."});
+        QCOMPARE(CurrentPuzzlePath, good);
+        QCOMPARE(int(PuzzleMode), int(ConstructMode));
+        QCOMPARE(Puzzle.GetWord(1, 1, 'a'), QByteArray("CAT"));
+        QCOMPARE(readAll(dir->path("bad.xwd")), QByteArray(500, 'x'));
+    }
+
+    void aVersion5FileIsConvertedOnDisk()
+    {
+        const QString path = dir->path("old.xwd");
+        writeAll(path, EncodePuzzle5(PuzzleFromText(QString::fromUtf8(Clued))));
+        open(path, true);
+        QVERIFY((*dialogs)->Errors.isEmpty());
+        QCOMPARE(readAll(path).size(), PuzzleFileSize);
+        QCOMPARE(int(Puzzle.Language), 3);
+        QCOMPARE(int(PuzzleMode), int(SolveMode));
+        QVERIFY(program->CluesForm->isVisible());
+        QCOMPARE(main()->Byline->text(), QStringLiteral("by Ann Example"));
+        QCOMPARE(main()->ModeLabel->text(), QString());
+    }
+
+    void historyKeepsThreeEntriesWithTheirModes()
+    {
+        const QString a = makePuzzle("alpha.xwd"), b = makePuzzle("beta.xwd"), c = makePuzzle("gamma.xwd");
+        open(a, false);
+        open(b, true);
+        open(c, false);
+        QCOMPARE(ReadText("HistoryPuzzle1"), c + " /c");
+        QCOMPARE(ReadText("HistoryPuzzle2"), b + " /s");
+        QCOMPARE(ReadText("HistoryPuzzle3"), a + " /c");
+        QCOMPARE(main()->History1Act->text(), QStringLiteral("&1 GAMMA"));
+        QCOMPARE(main()->History3Act->text(), QStringLiteral("&3 ALPHA"));
+        QVERIFY(main()->History3Act->isVisible());
+
+        // The open puzzle in the same mode: nothing happens.
+        Puzzle.Cells(2, 2) = 'Z';
+        main()->History1Act->trigger();
+        QCOMPARE(Puzzle.Cells(2, 2), uint8_t('Z'));
+
+        // In the other mode it is opened again.
+        main()->History2Act->trigger();
+        QCOMPARE(CurrentPuzzlePath, b);
+        QCOMPARE(int(PuzzleMode), int(SolveMode));
+        QCOMPARE(ReadText("HistoryPuzzle1"), b + " /s");
+        QCOMPARE(ReadText("HistoryPuzzle2"), c + " /c");
+
+        QFile::remove(a);
+        main()->History3Act->trigger();
+        QCOMPARE((*dialogs)->Errors, QStringList{"Unable to locate this puzzle from path in history list."});
+        QCOMPARE(CurrentPuzzlePath, b);
+    }
+
+    void startUpOffersThePreviousRunsHistory()
+    {
+        const QString a = makePuzzle("alpha.xwd");
+        WriteSetting("CurrentPuzzle", a);
+        WriteSetting("HistoryPuzzle1", a + " /s");
+        program.reset();
+        program = std::make_unique<TProgram>();
+        program->Start({});
+        QVERIFY(CurrentPuzzlePath.isEmpty());
+        QVERIFY(!program->GridForm->isVisible());
+        QCOMPARE(main()->History1Act->text(), QStringLiteral("&1 ALPHA"));
+        QVERIFY(main()->History1Act->isVisible());
+        QVERIFY(!main()->History2Act->isVisible());
+        QVERIFY(!main()->SaveAct->isEnabled());
+
+        program.reset();
+        program = std::make_unique<TProgram>();
+        program->Start({a, "-s"});
+        QCOMPARE(int(PuzzleMode), int(SolveMode));
+        QCOMPARE(CurrentPuzzlePath, a);
+
+        program.reset();
+        program = std::make_unique<TProgram>();
+        program->Start({dir->path("missing.xwd")});
+        QCOMPARE((*dialogs)->Errors, QStringList{"Puzzle not in Quillmark format or is corrupt."});
+        QVERIFY(CurrentPuzzlePath.isEmpty());
+    }
+
+    void saveAsVersion5IsAnExport()
+    {
+        const QString a = makePuzzle("alpha.xwd");
+        open(a, false);
+        PuzzleChanged = true;
+        const QString caption = program->GridForm->windowTitle();
+        const QString history = ReadText("HistoryPuzzle1");
+        (*dialogs)->Files.append(file(dir->path("five"), 2));
+        main()->SavePuzzleAsAct->trigger();
+        QCOMPARE((*dialogs)->FileRequests.last().Title, QStringLiteral("Save puzzle as..."));
+        QCOMPARE(readAll(dir->path("five.xwd")).size(), PuzzleFile5Size);
+        QCOMPARE(CurrentPuzzlePath, a);
+        QCOMPARE(program->GridForm->windowTitle(), caption);
+        QCOMPARE(ReadText("HistoryPuzzle1"), history);
+        QVERIFY(PuzzleChanged);
+
+        // The current version moves the open puzzle to the new file.
+        (*dialogs)->Files.append(file(dir->path("six.xwd"), 1));
+        main()->SavePuzzleAsAct->trigger();
+        QCOMPARE(CurrentPuzzlePath, dir->path("six.xwd"));
+        QVERIFY(!PuzzleChanged);
+        QCOMPARE(readAll(dir->path("six.xwd")), EncodePuzzle(Puzzle));
+    }
+
+    void copyGridAsKeepsOnlyTheBlackSquares()
+    {
+        WriteSetting("Name", QStringLiteral("New Setter"));
+        WriteSetting("GridLanguage", 5);
+        open(makePuzzle("alpha.xwd"), false);
+        (*dialogs)->Files.append(file(dir->path("copy.xwd")));
+        main()->CopyGridAsAct->trigger();
+        QCOMPARE((*dialogs)->FileRequests.last().Title, QStringLiteral("Copy grid as..."));
+        QCOMPARE(CurrentPuzzlePath, dir->path("copy.xwd"));
+        const TPuzzle copy = DecodePuzzle(readAll(dir->path("copy.xwd")));
+        QCOMPARE(int(copy.Size), 11);
+        QCOMPARE(copy.Cells(4, 1), BlockChar);
+        QCOMPARE(copy.Cells(10, 11), BlockChar);
+        QCOMPARE(copy.Cells(1, 1), uint8_t(0));
+        QVERIFY(copy.clue(1).isEmpty());
+        QCOMPARE(copy.slotAt(1, 1, Direction::Across), uint16_t(0));
+        QCOMPARE(copy.Byline.text(), QByteArray("New Setter"));
+        QCOMPARE(int(copy.Language), 5);
+        QCOMPARE(program->GridForm->windowTitle(), QStringLiteral("COPY"));
+    }
+
+    void saveAndRevert()
+    {
+        const QString a = makePuzzle("alpha.xwd");
+        open(a, false);
+        Puzzle.Cells(2, 2) = 'Z';
+        PuzzleChanged = true;
+        main()->SaveAct->trigger();
+        QVERIFY(!PuzzleChanged);
+        QCOMPARE(DecodePuzzle(readAll(a)).Cells(2, 2), uint8_t('Z'));
+
+        Puzzle.Cells(2, 2) = 'Y';
+        PuzzleChanged = true;
+        (*dialogs)->Answers.append(TAnswer::No);
+        main()->RevertToSavedAct->trigger();
+        QCOMPARE(Puzzle.Cells(2, 2), uint8_t('Y'));
+        (*dialogs)->Answers.append(TAnswer::Yes);
+        main()->RevertToSavedAct->trigger();
+        QCOMPARE((*dialogs)->Questions.last(), QStringLiteral("Discard all recent changes and return to last saved puzzle? [YN]"));
+        QCOMPARE(Puzzle.Cells(2, 2), uint8_t('Z'));
+        QVERIFY(!PuzzleChanged);
+    }
+
+    void ctrlSSavesFromTheGridWindow()
+    {
+        const QString a = makePuzzle("alpha.xwd");
+        open(a, false);
+        Puzzle.Cells(3, 3) = 'K';
+        PuzzleChanged = true;
+        program->GridForm->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(program->GridForm));
+        QTest::keyClick(program->GridForm, Qt::Key_S, Qt::ControlModifier);
+        QVERIFY(!PuzzleChanged);
+        QCOMPARE(DecodePuzzle(readAll(a)).Cells(3, 3), uint8_t('K'));
+    }
+
+    void solvingSavesWithoutAskingAndClosingAsksWhenConstructing()
+    {
+        const QString a = makePuzzle("alpha.xwd"), b = makePuzzle("beta.xwd");
+        open(a, true);
+        Puzzle.Entries(1, 2) = 'R';
+        PuzzleChanged = true;
+        open(b, false);
+        QVERIFY((*dialogs)->Questions.isEmpty());
+        QCOMPARE(DecodePuzzle(readAll(a)).Entries(1, 2), uint8_t('R'));
+
+        PuzzleChanged = true;
+        (*dialogs)->Answers.append(TAnswer::Cancel);
+        QVERIFY(!main()->close());
+        QVERIFY(main()->isVisible());
+        QVERIFY(PuzzleChanged);
+
+        Puzzle.Cells(5, 5) = 'W';
+        (*dialogs)->Answers.append(TAnswer::Yes);
+        QVERIFY(main()->close());
+        QCOMPARE(DecodePuzzle(readAll(b)).Cells(5, 5), uint8_t('W'));
+        QVERIFY(!program->GridForm->isVisible());
+    }
+
+    void gridAndClueWindowsCloseOnlyWithTheProgram()
+    {
+        open(makePuzzle("alpha.xwd"), true);
+        QVERIFY(!program->GridForm->close());
+        QVERIFY(!program->CluesForm->close());
+        QVERIFY(program->GridForm->isVisible());
+    }
+
+    void symmetryCyclesWhileDesigning()
+    {
+        open(makePuzzle("alpha.xwd"), false);
+        QCOMPARE(program->GridForm->Editor.Symmetry, 1);
+        QVERIFY(!main()->SymmetryBtn->isEnabled());
+        QCOMPARE(main()->SymmetryBtn->toolTip(), QStringLiteral("DIAGONAL symmetry"));
+
+        QTest::mouseClick(main()->SquaresBtn, Qt::LeftButton);
+        QCOMPARE(int(PuzzleMode), int(DesignMode));
+        QVERIFY(main()->SymmetryBtn->isEnabled());
+        QStringList hints;
+        for (int i = 0; i < 3; ++i) {
+            QTest::mouseClick(main()->SymmetryBtn, Qt::LeftButton);
+            hints.append(main()->SymmetryBtn->toolTip());
+        }
+        QCOMPARE(hints, (QStringList{"HORIZONTAL symmetry", "Grid symmetry is OFF", "DIAGONAL symmetry"}));
+        QCOMPARE(program->GridForm->Editor.Symmetry, 1);
+
+        QTest::mouseClick(main()->LettersBtn, Qt::LeftButton);
+        QCOMPARE(int(PuzzleMode), int(ConstructMode));
+        QVERIFY(!main()->SymmetryBtn->isEnabled());
+
+        QTest::mouseClick(main()->MouseBtn, Qt::LeftButton);
+        QVERIFY(program->GridForm->Editor.MouseSwapped);
+    }
+
+    void specificationsOfA13Grid()
+    {
+        const QString path = makePuzzle("thirteen.xwd",
+                                        "size 13\ngrid\n"
+                                        "...#.........\n.............\n.............\n.............\n"
+                                        ".............\n.............\n.............\n.............\n"
+                                        ".............\n.............\n.............\n.............\n"
+                                        ".........#...\n");
+        open(path, false);
+        QCOMPARE(main()->DataMemo->toPlainText(),
+                 QStringLiteral(" Size of Grid: 13×\n Black Squares: 2  Par: 28\n Word Count: 28  Par: 56"));
+    }
+
+    void guidelinesToggleTheCaption()
+    {
+        open(makePuzzle("alpha.xwd"), false);
+        QCOMPARE(main()->ShowGuidesAct->text(), QStringLiteral("S&how Guidelines"));
+        main()->ShowGuidesAct->trigger();
+        QCOMPARE(main()->ShowGuidesAct->text(), QStringLiteral("&Hide Guidelines"));
+        main()->ShowGuidesAct->trigger();
+        QCOMPARE(main()->ShowGuidesAct->text(), QStringLiteral("S&how Guidelines"));
+    }
+
+    void boundsAreWrittenAndArranged()
+    {
+        open(makePuzzle("alpha.xwd"), false);
+        main()->move(40, 50);
+        main()->resize(400, 300);
+        main()->WriteWindowBounds();
+        QCOMPARE(ReadText("ScreenBoundsMain"), QStringLiteral("%1,%2,400,300").arg(main()->x()).arg(main()->y()));
+        QVERIFY(!ReadText("ScreenBoundsGrid").isEmpty());
+
+        WriteSetting("ScreenBoundsMain", QStringLiteral("10,20,500,350"));
+        main()->AutoArrangeAct->trigger();
+        QCOMPARE(main()->size(), QSize(500, 350));
+
+        WriteSetting("ScreenBoundsMain", QString());
+        main()->AutoArrangeAct->trigger();
+        QCOMPARE(main()->size(), main()->minimumSize());
+        QVERIFY(main()->minimumWidth() >= 270);
+    }
+};
+
+QUILLMARK_UI_TEST_MAIN(TestMainForm)
+#include "tst_mainform.moc"

@@ -1,0 +1,51 @@
+#pragma once
+// Dialogs that answer from a script and remember what they were asked, so a window test
+// never blocks on a modal box.
+
+#include "mainwindow/ui/dialogs.h"
+
+#include <QList>
+#include <QStringList>
+
+class TScriptedDialogs : public TDialogs {
+public:
+    QStringList Errors;
+    QStringList Informations;
+    QStringList Questions;
+    QList<TFileRequest> FileRequests;
+
+    QList<TAnswer> Answers;              // answered in order; Yes when the script runs out
+    QList<std::optional<TFileChoice>> Files;  // chosen in order; cancel when it runs out
+
+    void Error(QWidget *, const QString &text) override { Errors.append(text); }
+    void Inform(QWidget *, const QString &text) override { Informations.append(text); }
+    TAnswer Ask(QWidget *, const QString &text, bool withCancel) override
+    {
+        Questions.append(text + (withCancel ? QStringLiteral(" [YNC]") : QStringLiteral(" [YN]")));
+        return Answers.isEmpty() ? TAnswer::Yes : Answers.takeFirst();
+    }
+    std::optional<TFileChoice> ChooseFile(QWidget *, const TFileRequest &request) override
+    {
+        FileRequests.append(request);
+        return Files.isEmpty() ? std::nullopt : Files.takeFirst();
+    }
+    std::optional<QFont> ChooseFont(QWidget *, const QFont &) override { return std::nullopt; }
+};
+
+// Installs scripted dialogs for the life of the object.
+class TDialogScript {
+public:
+    TDialogScript()
+    {
+        auto owned = std::make_unique<TScriptedDialogs>();
+        dialogs_ = owned.get();
+        previous_ = SetDialogs(std::move(owned));
+    }
+    ~TDialogScript() { SetDialogs(std::move(previous_)); }
+    TScriptedDialogs *operator->() { return dialogs_; }
+    TScriptedDialogs &operator*() { return *dialogs_; }
+
+private:
+    TScriptedDialogs *dialogs_;
+    std::unique_ptr<TDialogs> previous_;
+};

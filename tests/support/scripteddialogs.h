@@ -4,7 +4,10 @@
 
 #include "mainwindow/ui/dialogs.h"
 
+#include <QDialog>
 #include <QList>
+
+#include <functional>
 #include <QStringList>
 
 class TScriptedDialogs : public TDialogs {
@@ -30,6 +33,21 @@ public:
         return Files.isEmpty() ? std::nullopt : Files.takeFirst();
     }
     std::optional<QFont> ChooseFont(QWidget *, const QFont &) override { return std::nullopt; }
+
+    // Plays the user's part in one of the program's own modal windows: the window is shown,
+    // the script acts on it (clicks a button, say), and its result comes back.
+    QList<std::function<void(QDialog *)>> DialogScripts;
+    QStringList ExecutedDialogs;
+    int Exec(QDialog *dialog) override
+    {
+        ExecutedDialogs.append(dialog->objectName());
+        dialog->show();
+        if (!DialogScripts.isEmpty())
+            DialogScripts.takeFirst()(dialog);
+        if (dialog->isVisible())
+            dialog->reject();
+        return dialog->result();
+    }
 };
 
 // Installs scripted dialogs for the life of the object.

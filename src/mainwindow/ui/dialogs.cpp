@@ -68,6 +68,11 @@ std::unique_ptr<TDialogs> &current()
 
 }  // namespace
 
+int TDialogs::Exec(QDialog *dialog)
+{
+    return dialog->exec();
+}
+
 TDialogs &Dialogs()
 {
     return *current();

@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 
+class QDialog;
 class QWidget;
 
 enum class TAnswer { Yes, No, Cancel };
@@ -39,6 +40,8 @@ public:
     // The chosen file, or nothing when cancelled.
     virtual std::optional<TFileChoice> ChooseFile(QWidget *parent, const TFileRequest &request) = 0;
     virtual std::optional<QFont> ChooseFont(QWidget *parent, const QFont &initial) = 0;
+    // Runs one of the program's own modal windows and returns its result code.
+    virtual int Exec(QDialog *dialog);
 };
 
 // The dialogs in use: the real ones unless replaced.

@@ -3,6 +3,7 @@
 #include "mainwindow/history.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/specifications.h"
+#include "mainwindow/trash.h"
 #include "mainwindow/ui/appresources.h"
 #include "mainwindow/ui/dialogs.h"
 #include "mainwindow/ui/tinfowin.h"
@@ -12,6 +13,8 @@
 #include "model/puzzlefile.h"
 #include "settings/colors.h"
 #include "settings/txwdprocs.h"
+#include "solving/ui/tscoreform.h"
+#include "solving/ui/txwdclockform.h"
 #include "views/gridgeometry.h"
 #include "views/ui/tcluesform.h"
 #include "views/ui/txwdgridform.h"
@@ -22,6 +25,7 @@
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -45,6 +49,8 @@ const QString ForeignMessage = QStringLiteral("Not a valid Quillmark puzzle.");
 const QString ChangedQuestion = QStringLiteral("Puzzle has changed. Save current changes?");
 const QString HideGuides = QStringLiteral("&Hide Guidelines");
 const QString ShowGuides = QStringLiteral("S&how Guidelines");
+const QString ClockOn = QStringLiteral("&Clock On");
+const QString ClockOff = QStringLiteral("&Clock Off");
 constexpr int ModeLineHeight = 19;
 
 QAction *makeAction(QObject *parent, const char *name, const QString &caption)
@@ -165,6 +171,11 @@ void TXwdMainForm::createActions()
     AutoArrangeAct->setShortcut(QKeySequence(Qt::Key_F9));
     connect(AutoArrangeAct, &QAction::triggered, this, &TXwdMainForm::AutoArrangeActExecute);
 
+    ScorePuzzleAct = makeAction(this, "ScorePuzzleAct", QStringLiteral("&Score Puzzle"));
+    connect(ScorePuzzleAct, &QAction::triggered, this, &TXwdMainForm::ScorePuzzle1Click);
+    ClockAct = makeAction(this, "ClockAct", ClockOn);
+    connect(ClockAct, &QAction::triggered, this, &TXwdMainForm::ClockActExecute);
+
     // The grid, clue and tool windows are separate windows: the shortcuts must reach the
     // command from whichever of them has the focus.
     for (QAction *action : findChildren<QAction *>())
@@ -192,6 +203,9 @@ void TXwdMainForm::createMenus()
 
     QMenu *options = menuBar()->addMenu(QStringLiteral("&Options"));
     options->setObjectName(QStringLiteral("OptionsMenu"));
+    options->addAction(ScorePuzzleAct);
+    options->addAction(ClockAct);
+    options->addSeparator();
     options->addAction(RevertToSavedAct);
     options->addAction(ShowGuidesAct);
     options->addAction(AutoArrangeAct);
@@ -212,6 +226,8 @@ void TXwdMainForm::createToolPanel()
 
     CheatBtn = makeButton(ToolPanel, "CheatBtn", QStringLiteral("CHEAT"));
     setButtonHint(CheatBtn, QStringLiteral("Show puzzle answers"));
+    connect(CheatBtn, &QToolButton::pressed, this, &TXwdMainForm::CheatBtnMouseDown);
+    connect(CheatBtn, &QToolButton::released, this, &TXwdMainForm::CheatBtnMouseUp);
 
     SquaresBtn = makeButton(ToolPanel, "SquaresBtn", QStringLiteral("SQUARES"));
     setButtonHint(SquaresBtn, QStringLiteral("Design puzzle grid"));
@@ -314,6 +330,8 @@ void TXwdMainForm::updateActions()
     AutoclueBtn->setEnabled(constructing);
     UpdateBtn->setVisible(constructing);
     CheatBtn->setEnabled(solving);
+    ScorePuzzleAct->setEnabled(solving);
+    ClockAct->setEnabled(solving);
     SymmetryBtn->setEnabled(constructing && PuzzleMode == DesignMode);
 
     for (QToolButton *button : {MouseBtn, CheatBtn, SquaresBtn, LettersBtn, SymmetryBtn, AutoclueBtn}) {
@@ -336,6 +354,11 @@ void TXwdMainForm::FormShow(const QStringList &arguments)
     // Fixed until a puzzle is open: the logo's width and everything stacked above it.
     setFixedWidth(LogoImage->sizeHint().width() + 12);
     setFixedHeight(sizeHint().height());
+    // Clear of the grid window, which opens at the top left.
+    if (const auto bounds = boundsFromSetting(QStringLiteral("ScreenBoundsMain")))
+        move(bounds->topLeft());
+    else if (const QScreen *screen = this->screen())
+        move(screen->availableGeometry().right() - width() - 4, 2);
 
     if (arguments.isEmpty())
         RebuildHistory();
@@ -614,6 +637,8 @@ void TXwdMainForm::PuzzleOpened()
         resize(minimumSize());
     }
     DataMemo->clear();
+    if (ClockAct->text() == ClockOff)
+        ClockActExecute();
 
     WriteSetting(QStringLiteral("CurrentPuzzle"), CurrentPuzzlePath);
     RebuildHistory();
@@ -755,6 +780,75 @@ void TXwdMainForm::WriteWindowBounds()
     if (CluesForm)
         writeBoundsOf(QStringLiteral("ScreenBoundsClues"), CluesForm);
     WriteSetting(QStringLiteral("ScreenSquare"), SquareSize);
+}
+
+void TXwdMainForm::ScorePuzzle1Click()
+{
+    TScoreForm card(this);
+    card.FormShow();
+    switch (Dialogs().Exec(&card)) {
+    case TScoreForm::ShowErrorsResult:
+        if (XwdGridForm)
+            XwdGridForm->ShowErrors();
+        break;
+    case TScoreForm::DeleteResult:
+        DeleteSolvedPuzzle();
+        break;
+    default:
+        break;
+    }
+}
+
+void TXwdMainForm::DeleteSolvedPuzzle()
+{
+    // The trash first: if it cannot take the file, nothing else changes and nothing is lost.
+    if (!MoveToTrash(CurrentPuzzlePath) && QFile::exists(CurrentPuzzlePath)) {
+        ShowPuzzleError(QStringLiteral("The puzzle could not be moved to the trash. It is still at %1.")
+                            .arg(QDir::toNativeSeparators(CurrentPuzzlePath)));
+        return;
+    }
+    puzzleOpen_ = false;
+    updateActions();
+    CheatBtn->setToolTip(QString());
+    ModeLabel->clear();
+    DataMemo->clear();
+    Byline->setText(QStringLiteral("!!! DELETED !!!"));
+    ClosingAllowed = true;
+    if (XwdGridForm)
+        XwdGridForm->close();
+    if (CluesForm)
+        CluesForm->close();
+    ClosingAllowed = false;
+    PuzzleChanged = false;
+    CurrentPuzzlePath.clear();
+    WriteSetting(QStringLiteral("CurrentPuzzle"), QString());
+    WriteSetting(QStringLiteral("HistoryPuzzle1"), QString());
+    RebuildHistory();
+}
+
+void TXwdMainForm::ClockActExecute()
+{
+    if (ClockAct->text() == ClockOn) {
+        ClockAct->setText(ClockOff);
+        clock_ = new TXwdClockForm(this);
+        clock_->show();
+    } else {
+        ClockAct->setText(ClockOn);
+        if (clock_)
+            clock_->close();
+    }
+}
+
+void TXwdMainForm::CheatBtnMouseDown()
+{
+    if (XwdGridForm)
+        XwdGridForm->ShowAnswers();
+}
+
+void TXwdMainForm::CheatBtnMouseUp()
+{
+    if (XwdGridForm)
+        XwdGridForm->EndAnswers();
 }
 
 void TXwdMainForm::Exit1Click()

@@ -3,6 +3,7 @@
 // puzzle's lifecycle (new, open, save, save as, copy grid, revert, history, close).
 
 #include <QMainWindow>
+#include <QPointer>
 
 class QAction;
 class QActionGroup;
@@ -12,6 +13,7 @@ class QPlainTextEdit;
 class QPushButton;
 class QToolButton;
 class QWidget;
+class TXwdClockForm;
 
 class TXwdMainForm : public QMainWindow {
     Q_OBJECT
@@ -39,6 +41,12 @@ public:
     void ShowGuidesActExecute();
     void UpdateBtnClick();
     void AutoArrangeActExecute();
+    void ScorePuzzle1Click();
+    void ClockActExecute();
+    void CheatBtnMouseDown();
+    void CheatBtnMouseUp();
+    // The score card's delete choice: the solved puzzle goes to the trash.
+    void DeleteSolvedPuzzle();
 
     // False when the user cancels.
     bool SaveChangesQuery();
@@ -69,6 +77,8 @@ public:
     QAction *History3Act = nullptr;
     QAction *ShowGuidesAct = nullptr;
     QAction *AutoArrangeAct = nullptr;
+    QAction *ScorePuzzleAct = nullptr;
+    QAction *ClockAct = nullptr;
 
     QWidget *ToolPanel = nullptr;
     QToolButton *MouseBtn = nullptr;
@@ -104,6 +114,7 @@ private:
 
     QMenu *historySeparatorHolder_ = nullptr;
     QAction *historySeparator_ = nullptr;
+    QPointer<TXwdClockForm> clock_;
     bool puzzleOpen_ = false;
     bool firstOpenDone_ = false;
 };

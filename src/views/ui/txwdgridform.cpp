@@ -6,10 +6,13 @@
 #include "model/puzzle.h"
 #include "settings/colors.h"
 #include "settings/txwdprocs.h"
+#include "solving/scoring.h"
 #include "views/gridgeometry.h"
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDateTime>
+#include <QRandomGenerator>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -161,6 +164,7 @@ void TXwdGridForm::FormShow()
     const QString caption = windowTitle();
     setWindowTitle(caption.left(std::max<qsizetype>(0, caption.size() - 4)).toUpper());
     Editor.WordDirection = 0;
+    errorsShown_ = answersShown_ = false;
     update();
 }
 
@@ -190,6 +194,19 @@ void TXwdGridForm::FormPaint(QPainter &painter)
     if (Puzzle.Size < 1 || SquareSize < 1)
         return;
     painter.setFont(font());
+    if (answersShown_) {
+        // The solution layer, "?" for an open square, in grey over blank squares.
+        const uint8_t mode = PuzzleMode;
+        PuzzleMode = ConstructMode;
+        const QColor letters = fontColor_;
+        fontColor_ = QColor(0x80, 0x80, 0x80);
+        for (int r = 1; r <= Puzzle.Size; ++r)
+            for (int c = 1; c <= Puzzle.Size; ++c)
+                PaintCell(painter, c, r, BlankSqColor);
+        fontColor_ = letters;
+        PuzzleMode = mode;
+        return;
+    }
     for (int r = 1; r <= Puzzle.Size; ++r)
         for (int c = 1; c <= Puzzle.Size; ++c)
             PaintCell(painter, c, r, BlankSqColor);
@@ -197,6 +214,85 @@ void TXwdGridForm::FormPaint(QPainter &painter)
     for (const QPoint &square : Editor.HighlightedSquares())
         if (Puzzle.inGrid(square.x(), square.y()))
             PaintCell(painter, square.x(), square.y(), highlight);
+    if (errorsShown_) {
+        painter.save();
+        painter.setPen(QPen(QColor(0xFF, 0, 0), 2));
+        for (const QPoint &square : ErrorSquares(Puzzle))
+            for (const QLine &line : ErrorCross(square.x(), square.y(), SquareSize))
+                painter.drawLine(line);
+        painter.restore();
+    }
+    if (!celebration_.isNull())
+        painter.drawImage(0, 0, celebration_);
+}
+
+void TXwdGridForm::paintLetter(QPainter &painter, int c, int r, uchar ch, const QColor &colour)
+{
+    const QString text(Cp1252ToUnicode(ch));
+    const QFontMetrics metrics = painter.fontMetrics();
+    const QPoint at = CellTopLeft(c, r) + QPoint((SquareSize - metrics.horizontalAdvance(text)) / 2,
+                                                 (SquareSize - metrics.height()) / 2 + metrics.ascent());
+    painter.setPen(colour);
+    painter.drawText(at, text);
+}
+
+void TXwdGridForm::endOverlays()
+{
+    if (errorsShown_) {
+        errorsShown_ = false;
+        update();
+    }
+}
+
+void TXwdGridForm::ShowAnswers()
+{
+    Editor.Cheated = true;
+    errorsShown_ = false;
+    answersShown_ = true;
+    repaint();
+}
+
+void TXwdGridForm::EndAnswers()
+{
+    answersShown_ = false;
+    update();
+}
+
+void TXwdGridForm::ShowErrors()
+{
+    if (XwdProcs)
+        XwdProcs->Pause(5);
+    errorsShown_ = true;
+    repaint();
+}
+
+void TXwdGridForm::Celebrate()
+{
+    if (Puzzle.Size < 1 || SquareSize < 1)
+        return;
+    celebration_ = QImage(size() * devicePixelRatio(), QImage::Format_ARGB32_Premultiplied);
+    celebration_.setDevicePixelRatio(devicePixelRatio());
+    celebration_.fill(Qt::transparent);
+    QRandomGenerator random(quint32(QDateTime::currentMSecsSinceEpoch()));
+    for (int round = 0; round < 120; ++round) {
+        {
+            QPainter painter(&celebration_);
+            painter.setFont(font());
+            for (int draw = 0; draw < 50; ++draw) {
+                const int c = int(random.bounded(Puzzle.Size)) + 1;
+                const int r = int(random.bounded(Puzzle.Size)) + 1;
+                const QColor colour = CelebrateColor(int(random.bounded(8)) + 1);
+                const uchar ch = Puzzle.Cells(c, r);
+                if (ch != BlockChar && ch != 0)
+                    paintLetter(painter, c, r, ch, colour);
+            }
+        }
+        repaint();
+        if (XwdProcs)
+            XwdProcs->Pause(2);
+    }
+    celebration_ = QImage();
+    update();
 }
 
 void TXwdGridForm::PaintCell(QPainter &painter, int c, int r, const QColor &colour)
@@ -210,15 +306,8 @@ void TXwdGridForm::PaintCell(QPainter &painter, int c, int r, const QColor &colo
     uchar ch = PuzzleMode == SolveMode ? Puzzle.Entries(c, r) : Puzzle.Cells(c, r);
     if (PuzzleMode != SolveMode && ch == OpenChar)
         ch = '?';
-    if (ch != 0 && ch != BlockChar) {
-        const QString text(Cp1252ToUnicode(ch));
-        const QFontMetrics metrics = painter.fontMetrics();
-        const QPoint at = outline.topLeft()
-                          + QPoint((SquareSize - metrics.horizontalAdvance(text)) / 2,
-                                   (SquareSize - metrics.height()) / 2 + metrics.ascent());
-        painter.setPen(fontColor_);
-        painter.drawText(at, text);
-    }
+    if (ch != 0 && ch != BlockChar)
+        paintLetter(painter, c, r, ch, fontColor_);
     if (GuidelinesShown())
         paintGuidelines(painter, c, r);
 }
@@ -250,6 +339,7 @@ void TXwdGridForm::paintGuidelines(QPainter &painter, int c, int r)
 
 void TXwdGridForm::FormMouseDown(Qt::MouseButton button, QPoint at)
 {
+    endOverlays();
     if (PuzzleMode == DesignMode)
         SetSquare(at.x(), at.y(), button != Qt::LeftButton);
     else
@@ -271,6 +361,7 @@ void TXwdGridForm::FormMouseMove(Qt::MouseButtons buttons, Qt::KeyboardModifiers
 
 void TXwdGridForm::FormKeyPress(QChar ch)
 {
+    endOverlays();
     const int code = UnicodeToCp1252(ch);
     if (code < 0)
         return;
@@ -289,6 +380,7 @@ bool TXwdGridForm::FormKeyDown(int key)
     case Qt::Key_Delete: gridKey = TGridKey::Delete; break;
     default: return false;
     }
+    endOverlays();
     report(Editor.KeyDown(gridKey));
     update();
     return true;

@@ -6,6 +6,7 @@
 #include "views/grideditor.h"
 
 #include <QColor>
+#include <QImage>
 #include <QPointer>
 #include <QWidget>
 
@@ -53,6 +54,15 @@ public:
 
     bool GuidelinesShown() const;
 
+    // While the answer button is held: the solution in grey over every square; sets Cheated.
+    void ShowAnswers();
+    // The answer button is released: back to the solver's letters.
+    void EndAnswers();
+    // Red crosses on every wrong or empty square, until the grid is next edited.
+    void ShowErrors();
+    // 120 rounds of 50 solution letters in random colours, then the grid as it was.
+    void Celebrate();
+
 signals:
     // While solving: clear the current-clue display and the clue list's selection.
     void clueDisplayCleared();
@@ -74,10 +84,17 @@ private:
     void report(const TSolvingStatus &status);
     void readAppearance();
     void applyFontSize();
+    void paintLetter(QPainter &painter, int c, int r, uchar ch, const QColor &colour);
+    // An edit, a click or a new showing ends the error marks.
+    void endOverlays();
 
     QPointer<QAction> guidesAction_;
     QColor fontColor_ = Qt::black;
     bool snapping_ = false;
+    bool answersShown_ = false;
+    bool errorsShown_ = false;
+    // The celebration's letters pile up here, over the grid, as they are drawn.
+    QImage celebration_;
 };
 
 // The one grid window, while it exists.

@@ -1,0 +1,246 @@
+// Solving a puzzle through the program: the score card, errors, answers, start over, the
+// trash, and the clock.
+
+#include "mainwindow/puzzlestate.h"
+#include "mainwindow/ui/tprogram.h"
+#include "mainwindow/ui/txwdmainform.h"
+#include "model/puzzlefile.h"
+#include "model/puzzletext.h"
+#include "scripteddialogs.h"
+#include "settings/txwdprocs.h"
+#include "solving/ui/tscoreform.h"
+#include "solving/ui/txwdclockform.h"
+#include "uitestmain.h"
+#include "views/gridgeometry.h"
+#include "views/ui/txwdgridform.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <QToolButton>
+
+namespace {
+
+// Solved but for the square (3, 3).
+const char *const AlmostSolved =
+    "size 11\ngrid\n"
+    "CAT#DOG#EEL\nAREAREAREAR\nTEN#TEN#TEN\nAREAREAREAR\nAREAREAREAR\n"
+    "AREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\n"
+    "entries\n"
+    "CAT#DOG#EEL\nAREAREAREAR\nTE.#TEN#TEN\nAREAREAREAR\nAREAREAREAR\n"
+    "AREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\n"
+    "clues\n1A Purring pet\n";
+
+QByteArray readAll(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+int redPixels(const QImage &image, const QRect &area)
+{
+    int count = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x) {
+            const QColor c = image.pixelColor(x, y);
+            count += c.red() > 200 && c.green() < 60 && c.blue() < 60;
+        }
+    return count;
+}
+
+}  // namespace
+
+class TestSolving : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TProgram> program;
+    std::unique_ptr<TDialogScript> dialogs;
+    std::unique_ptr<TScratchDir> dir;
+    QString path;
+
+    TXwdMainForm *main() { return program->MainForm; }
+    TXwdGridForm *grid() { return program->GridForm; }
+
+    void openForSolving(const QString &file)
+    {
+        (*dialogs)->Files.append(TFileChoice{file, 1});
+        main()->OpenSolveAct->trigger();
+        QCOMPARE(int(PuzzleMode), int(SolveMode));
+    }
+
+    // Scores the puzzle and answers the card by clicking `button` (none: just look).
+    QStringList score(const char *button = nullptr)
+    {
+        QStringList seen;
+        (*dialogs)->DialogScripts.append([&seen, button](QDialog *card) {
+            auto *form = qobject_cast<TScoreForm *>(card);
+            seen << form->BannerLbl->text() << (form->CheatLbl->isVisibleTo(form) ? "cheated" : "honest")
+                 << (form->ShowErrsBtn->isEnabled() ? "errors" : "no errors")
+                 << (form->DeleteBtn->isEnabled() ? "delete" : "no delete");
+            if (button)
+                QTest::mouseClick(form->findChild<QPushButton *>(button), Qt::LeftButton);
+        });
+        main()->ScorePuzzleAct->trigger();
+        return seen;
+    }
+
+    void solveSquare33()
+    {
+        Puzzle.Entries(3, 3) = 'N';
+        PuzzleChanged = true;
+    }
+
+private slots:
+    void init()
+    {
+        ResetSettings();
+        WriteSetting("ScreenSquare", 30);
+        Puzzle = TPuzzle{};
+        PuzzleChanged = false;
+        CurrentPuzzlePath.clear();
+        dir = std::make_unique<TScratchDir>();
+        dialogs = std::make_unique<TDialogScript>();
+        program = std::make_unique<TProgram>();
+        program->Start({});
+        path = dir->path("solve.xwd");
+        WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(QString::fromLatin1(AlmostSolved))));
+        openForSolving(path);
+    }
+
+    void cleanup()
+    {
+        program.reset();
+        dialogs.reset();
+        dir.reset();
+    }
+
+    void oneEmptySquareIsIncorrectAndShowErrorsCrossesIt()
+    {
+        QCOMPARE(score("ShowErrsBtn"), (QStringList{"PUZZLE INCORRECT!", "honest", "errors", "no delete"}));
+        const QImage image = grid()->grab().toImage();
+        QVERIFY(redPixels(image, QRect(CellTopLeft(3, 3), QSize(SquareSize, SquareSize))) > 20);
+        QCOMPARE(redPixels(image, QRect(CellTopLeft(2, 3), QSize(SquareSize, SquareSize))), 0);
+
+        // The marks last until the grid is next touched.
+        QTest::mouseClick(grid(), Qt::LeftButton, {}, CellTopLeft(1, 2) + QPoint(5, 5));
+        QCOMPARE(redPixels(grid()->grab().toImage(), QRect(CellTopLeft(3, 3), QSize(SquareSize, SquareSize))), 0);
+    }
+
+    void aRevealedLetterIsCheatingUntilTheNextPuzzle()
+    {
+        grid()->activateWindow();
+        QTest::mouseClick(grid(), Qt::LeftButton, {}, CellTopLeft(1, 3) + QPoint(5, 5));
+        QTest::keyClick(grid(), Qt::Key_Right);
+        QTest::keyClick(grid(), Qt::Key_Right);
+        QTest::keyClick(grid(), '+');
+        QCOMPARE(Puzzle.Entries(3, 3), uint8_t('N'));
+        QCOMPARE(score(), (QStringList{"CONGRATULATIONS!", "cheated", "no errors", "delete"}));
+
+        const QString other = dir->path("other.xwd");
+        QVERIFY(QFile::copy(path, other));
+        openForSolving(other);
+        QVERIFY(!grid()->Editor.Cheated);
+        solveSquare33();
+        QCOMPARE(score(), (QStringList{"CONGRATULATIONS!", "honest", "no errors", "delete"}));
+    }
+
+    void holdingTheAnswerButtonShowsTheSolutionAndCountsAsCheating()
+    {
+        const QRect square(CellTopLeft(3, 3), QSize(SquareSize, SquareSize));
+        const QImage before = grid()->grab().toImage().copy(square);
+        QTest::mousePress(main()->CheatBtn, Qt::LeftButton);
+        const QImage during = grid()->grab().toImage().copy(square);
+        QTest::mouseRelease(main()->CheatBtn, Qt::LeftButton);
+        const QImage after = grid()->grab().toImage().copy(square);
+        QVERIFY(grid()->Editor.Cheated);
+        QVERIFY(before != during);  // the empty square shows the grey N
+        QCOMPARE(after, before);
+        bool grey = false;
+        for (int y = 0; y < during.height(); ++y)
+            for (int x = 0; x < during.width(); ++x) {
+                const QColor c = during.pixelColor(x, y);
+                grey = grey || (c.red() == c.green() && c.green() == c.blue() && c.red() > 60 && c.red() < 200);
+            }
+        QVERIFY(grey);
+    }
+
+    void startOverEmptiesAndSaves()
+    {
+        solveSquare33();
+        QCOMPARE(score("StartOverBtn").first(), QStringLiteral("CONGRATULATIONS!"));
+        const TPuzzle saved = DecodePuzzle(readAll(path));
+        for (int c = 1; c <= 11; ++c)
+            for (int r = 1; r <= 11; ++r)
+                QCOMPARE(saved.Entries(c, r), uint8_t(0));
+        QVERIFY(!PuzzleChanged);
+        QCOMPARE(score().first(), QStringLiteral("PUZZLE INCORRECT!"));
+    }
+
+    void recycleBinSendsTheSolvedPuzzleToTheTrash()
+    {
+        QCOMPARE(score("DeleteBtn").last(), QStringLiteral("no delete"));  // incorrect: disabled
+        QVERIFY(QFile::exists(path));
+
+        solveSquare33();
+        score("DeleteBtn");
+        QVERIFY(!QFile::exists(path));
+        const QString trash = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Trash/files";
+        QVERIFY2(QFile::exists(trash + "/solve.xwd"), qPrintable(trash));
+        QVERIFY2(trash.startsWith(QDir::homePath()), "the test's own home, never the user's");
+        QCOMPARE(main()->Byline->text(), QStringLiteral("!!! DELETED !!!"));
+        QVERIFY(!grid()->isVisible());
+        QVERIFY(!main()->SaveAct->isEnabled());
+        QVERIFY(!main()->ScorePuzzleAct->isEnabled());
+        QVERIFY(!main()->CheatBtn->isEnabled());
+        QCOMPARE(ReadText("CurrentPuzzle", "x"), QString());
+        QVERIFY(!ReadText("HistoryPuzzle1").contains("solve.xwd"));
+        QVERIFY(!PuzzleChanged);
+    }
+
+    void clockCountsPausesAndResets()
+    {
+        QCOMPARE(main()->ClockAct->text(), QStringLiteral("&Clock On"));
+        main()->ClockAct->trigger();
+        QCOMPARE(main()->ClockAct->text(), QStringLiteral("&Clock Off"));
+        auto *clock = main()->findChild<TXwdClockForm *>();
+        QVERIFY(clock && clock->isVisible());
+        QVERIFY(clock->Timer1.isActive());
+
+        for (int i = 0; i < 3599; ++i)
+            clock->Timer1Timer();
+        QCOMPARE(clock->TimeLbl->text(), QStringLiteral("0:59:59"));
+        clock->Timer1Timer();
+        QCOMPARE(clock->TimeLbl->text(), QStringLiteral("1:00:00"));
+        for (int i = 0; i < 9 * 3600; ++i)
+            clock->Timer1Timer();
+        QCOMPARE(clock->TimeLbl->text(), QStringLiteral("0:00:00"));
+
+        QTest::mouseClick(clock->ClockBtn, Qt::LeftButton);
+        QVERIFY(!clock->Timer1.isActive());
+        QVERIFY(!clock->ResetBtn->isEnabled());
+        QCOMPARE(clock->ClockBtn->toolTip(), QStringLiteral("Continue clock"));
+        QTest::mouseClick(clock->ClockBtn, Qt::LeftButton);
+        QVERIFY(clock->ResetBtn->isEnabled());
+        clock->Timer1Timer();
+        QTest::mouseClick(clock->ResetBtn, Qt::LeftButton);
+        QCOMPARE(clock->TimeLbl->text(), QStringLiteral("0:00:00"));
+        QVERIFY(clock->Timer1.isActive());
+
+        // Opening a puzzle stops the clock; the next one starts from zero.
+        openForSolving(path);
+        QCOMPARE(main()->ClockAct->text(), QStringLiteral("&Clock On"));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!main()->findChild<TXwdClockForm *>());
+        main()->ClockAct->trigger();
+        auto *fresh = main()->findChild<TXwdClockForm *>();
+        QVERIFY(fresh && fresh->isVisible());
+        QCOMPARE(fresh->TimeLbl->text(), QStringLiteral("0:00:00"));
+    }
+};
+
+QUILLMARK_UI_TEST_MAIN(TestSolving)
+#include "tst_solving.moc"

@@ -1,0 +1,46 @@
+#include "model/puzzlefile.h"
+#include "model/puzzletext.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QByteArray readAll(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+}  // namespace
+
+// The shipped puzzles are built from their text; a stale .xwd would show users old work.
+TEST(Examples, EachPuzzleIsItsSourceBuiltAgain)
+{
+    const QDir sources(QStringLiteral(QUILLMARK_EXAMPLES "/sources"));
+    const QStringList texts = sources.entryList({"*.txt"});
+    ASSERT_GE(texts.size(), 2);
+    for (const QString &text : texts) {
+        const QString xwd = QStringLiteral(QUILLMARK_EXAMPLES "/") + QString(text).replace(".txt", ".xwd");
+        const TPuzzle built = PuzzleFromText(QString::fromUtf8(readAll(sources.filePath(text))));
+        EXPECT_EQ(readAll(xwd), EncodePuzzle(built)) << xwd.toStdString() << ": run scripts/make-examples";
+    }
+}
+
+TEST(Examples, TheFinishedPuzzleIsFullAndEveryWordClued)
+{
+    const TPuzzle p = LoadPuzzleFile(QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd")).Puzzle;
+    EXPECT_TRUE(p.IsGridFull());
+    const QList<TWordRef> words = WordsInSlotOrder(p);
+    EXPECT_LE(words.size(), MaxWords);
+    for (const TWordRef &w : words) {
+        const int slot = p.slotAt(w.Column, w.Row, w.Dir);
+        EXPECT_EQ(slot, w.Index) << w.Number;
+        EXPECT_FALSE(p.clue(slot).isEmpty()) << w.Number << char(w.Dir);
+        EXPECT_FALSE(p.GetWord(w.Column, w.Row, char(w.Dir)).contains('?'));
+    }
+    const TPuzzle half = LoadPuzzleFile(QStringLiteral(QUILLMARK_EXAMPLES "/harbour-lights.xwd")).Puzzle;
+    EXPECT_FALSE(half.IsGridFull());
+}

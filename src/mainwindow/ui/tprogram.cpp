@@ -1,5 +1,6 @@
 #include "mainwindow/ui/tprogram.h"
 
+#include "clues/ui/tautoclueform.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/tinfowin.h"
 #include "mainwindow/ui/tsoundfx.h"
@@ -29,6 +30,8 @@ TProgram::TProgram()
     // Tool windows of the main window: they stay beside it and go with it.
     GridForm = new TXwdGridForm(MainForm);
     XwdGridForm = GridForm;
+    AutoclueForm = new TAutoclueForm(MainForm);
+    ::AutoclueForm = AutoclueForm;
     CluesForm = new TCluesForm(MainForm);
     ::CluesForm = CluesForm;
     sound_ = std::make_unique<TSoundFX>();
@@ -47,6 +50,7 @@ TProgram::~TProgram()
     // The tool windows refuse to close otherwise.
     ClosingAllowed = true;
     XwdGridForm = nullptr;
+    ::AutoclueForm = nullptr;
     ::CluesForm = nullptr;
     ::InfoWin = nullptr;
     main_.reset();

@@ -10,6 +10,7 @@ class TXwdMainForm;
 class TXwdProcs;
 class TXwdGridForm;
 class TCluesForm;
+class TAutoclueForm;
 class TSoundFX;
 class TInfoWin;
 
@@ -24,6 +25,7 @@ public:
     TXwdMainForm *MainForm = nullptr;
     TXwdProcs *Procs = nullptr;
     TXwdGridForm *GridForm = nullptr;
+    TAutoclueForm *AutoclueForm = nullptr;
     TCluesForm *CluesForm = nullptr;
     TSoundFX *SoundFX = nullptr;
     TInfoWin *InfoWin = nullptr;

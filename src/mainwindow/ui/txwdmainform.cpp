@@ -1,5 +1,6 @@
 #include "mainwindow/ui/txwdmainform.h"
 
+#include "clues/ui/tautoclueform.h"
 #include "mainwindow/history.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/specifications.h"
@@ -247,7 +248,7 @@ void TXwdMainForm::createToolPanel()
 
     AutoclueBtn = makeButton(ToolPanel, "AutoclueBtn", QStringLiteral("AUTOCLUE"));
     setButtonHint(AutoclueBtn, QStringLiteral("Write the clues"));
-    AutoclueBtn->setVisible(false);  // comes with the clue-writing window
+    connect(AutoclueBtn, &QToolButton::clicked, this, [this] { AutoclueBtnClick(this); });
 
     for (QToolButton *button : {MouseBtn, SquaresBtn, LettersBtn, SymmetryBtn, CheatBtn, AutoclueBtn})
         row->addWidget(button);
@@ -637,6 +638,8 @@ void TXwdMainForm::PuzzleOpened()
         resize(minimumSize());
     }
     DataMemo->clear();
+    if (AutoclueForm && AutoclueForm->isVisible())
+        AutoclueForm->close();
     if (ClockAct->text() == ClockOff)
         ClockActExecute();
 
@@ -685,6 +688,8 @@ void TXwdMainForm::SquaresBtnClick()
     SquaresBtn->setChecked(true);
     if (XwdGridForm && XwdGridForm->Editor.WordDirection != 0)
         XwdGridForm->RestoreHighlight();
+    if (AutoclueForm && AutoclueForm->isVisible())
+        AutoclueForm->close();
     PuzzleMode = DesignMode;
     updateActions();
 }
@@ -765,11 +770,13 @@ void TXwdMainForm::AutoArrangeActExecute()
     }
     if (XwdGridForm && XwdGridForm->isVisible())
         XwdGridForm->ArrangeFromSettings();
-    if (CluesForm && CluesForm->isVisible())
-        if (const auto bounds = boundsFromSetting(QStringLiteral("ScreenBoundsClues"))) {
-            CluesForm->move(bounds->topLeft());
-            CluesForm->resize(bounds->size());
-        }
+    for (auto [window, setting] : {std::pair<QWidget *, const char *>{CluesForm, "ScreenBoundsClues"},
+                                   std::pair<QWidget *, const char *>{AutoclueForm, "ScreenBoundsAutoclue"}})
+        if (window && window->isVisible())
+            if (const auto bounds = boundsFromSetting(QString::fromLatin1(setting))) {
+                window->move(bounds->topLeft());
+                window->resize(bounds->size());
+            }
 }
 
 void TXwdMainForm::WriteWindowBounds()
@@ -779,6 +786,8 @@ void TXwdMainForm::WriteWindowBounds()
         writeBoundsOf(QStringLiteral("ScreenBoundsGrid"), XwdGridForm);
     if (CluesForm)
         writeBoundsOf(QStringLiteral("ScreenBoundsClues"), CluesForm);
+    if (AutoclueForm && AutoclueForm->isVisible())
+        writeBoundsOf(QStringLiteral("ScreenBoundsAutoclue"), AutoclueForm);
     WriteSetting(QStringLiteral("ScreenSquare"), SquareSize);
 }
 
@@ -873,6 +882,9 @@ void TXwdMainForm::closeEvent(QCloseEvent *event)
         return;
     }
     ClosingAllowed = true;
+    // Autoclue keeps its bounds as it closes.
+    if (AutoclueForm && AutoclueForm->isVisible())
+        AutoclueForm->close();
     if (XwdGridForm)
         XwdGridForm->close();
     if (CluesForm)

@@ -1,5 +1,6 @@
 #include "views/ui/txwdgridform.h"
 
+#include "clues/ui/tautoclueform.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/appresources.h"
 #include "model/cp1252.h"
@@ -108,6 +109,9 @@ void TXwdGridForm::SetSquare(int x, int y, bool clear)
 void TXwdGridForm::ClickCell(int x, int y, Qt::MouseButton button)
 {
     report(Editor.ClickCell(x, y, button == Qt::LeftButton));
+    // A clue being written follows the word the user picks in the grid.
+    if (Editor.WordDirection != 0)
+        MoveAutoclueToGrid();
     update();
 }
 

@@ -4,7 +4,7 @@
 #include "mainwindow/ui/dialogs.h"
 #include "mainwindow/ui/tsoundfx.h"
 #include "model/cp1252.h"
-#include "settings/colors.h"
+#include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
 #include "views/gridgeometry.h"
 #include "views/ui/txwdgridform.h"
@@ -63,18 +63,6 @@ QToolButton *makeToolButton(QToolBar *bar, const char *name, const QString &hint
     button->setFocusPolicy(Qt::NoFocus);
     bar->addWidget(button);
     return button;
-}
-
-QFont fontFromSettings(const QString &prefix)
-{
-    QFont font(ReadText(prefix + QStringLiteral("FontName"), QStringLiteral("Times New Roman")));
-    font.setPointSize(std::max(1, ReadInt(prefix + QStringLiteral("FontSize"), 11)));
-    const int style = ReadInt(prefix + QStringLiteral("FontStyle"), 0);
-    font.setBold(style & 1);
-    font.setItalic(style & 2);
-    font.setUnderline(style & 4);
-    font.setStrikeOut(style & 8);
-    return font;
 }
 
 }  // namespace
@@ -166,10 +154,10 @@ void TAutoclueForm::LoadSettings()
 {
     ShowCounts = ReadInt(QStringLiteral("EntryCounts"), 0) != 0;
     Walk.ClueAcrossThenDown = ReadInt(QStringLiteral("Threading"), 0) != 0;
-    DefEdit->setFont(fontFromSettings(QStringLiteral("Auto")));
+    const TFontSetting clueFont = ReadFontSetting(QStringLiteral("Auto"), {QStringLiteral("Times New Roman")});
+    DefEdit->setFont(clueFont.Font);
     QPalette palette = DefEdit->palette();
-    const QColor colour = ColorFromSetting(ReadText(QStringLiteral("AutoFontColor"), QStringLiteral("clBlack")));
-    palette.setColor(QPalette::Text, colour.isValid() ? colour : QColor(Qt::black));
+    palette.setColor(QPalette::Text, clueFont.Color);
     DefEdit->setPalette(palette);
     CountLbl->setVisible(ShowCounts);
     CtBtn->setVisible(ShowCounts);

@@ -12,7 +12,7 @@
 #include "model/clearpuzzle.h"
 #include "model/cp1252.h"
 #include "model/puzzlefile.h"
-#include "settings/colors.h"
+#include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
 #include "solving/ui/tscoreform.h"
 #include "solving/ui/txwdclockform.h"
@@ -70,21 +70,6 @@ QToolButton *makeButton(QWidget *parent, const char *name, const QString &glyph)
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
     return button;
-}
-
-// The status font: face, size in points, style bits (bold 1, italic 2, underline 4,
-// strike-out 8) and colour, from the settings with their defaults.
-QFont statusFont(QColor *color)
-{
-    QFont font(ReadText(QStringLiteral("StatusFontName"), QStringLiteral("Times New Roman")));
-    font.setPointSize(std::max(1, ReadInt(QStringLiteral("StatusFontSize"), 11)));
-    const int style = ReadInt(QStringLiteral("StatusFontStyle"), 1);
-    font.setBold(style & 1);
-    font.setItalic(style & 2);
-    font.setUnderline(style & 4);
-    font.setStrikeOut(style & 8);
-    *color = ColorFromSetting(ReadText(QStringLiteral("StatusFontColor"), QStringLiteral("clNavy")));
-    return font;
 }
 
 std::optional<QRect> boundsFromSetting(const QString &name)
@@ -345,10 +330,11 @@ void TXwdMainForm::updateActions()
 
 void TXwdMainForm::FormShow(const QStringList &arguments)
 {
-    QColor color;
-    DataMemo->setFont(statusFont(&color));
+    const TFontSetting status =
+        ReadFontSetting(QStringLiteral("Status"), {QStringLiteral("Times New Roman"), 11, 1, QStringLiteral("clNavy")});
+    DataMemo->setFont(status.Font);
     QPalette palette = DataMemo->palette();
-    palette.setColor(QPalette::Text, color);
+    palette.setColor(QPalette::Text, status.Color);
     DataMemo->setPalette(palette);
     PlaySounds = ReadInt(QStringLiteral("PlaySounds"), 1);
 

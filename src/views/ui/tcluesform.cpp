@@ -5,7 +5,7 @@
 #include "mainwindow/ui/txwdmainform.h"
 #include "model/cp1252.h"
 #include "model/puzzle.h"
-#include "settings/colors.h"
+#include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
 #include "views/cluelayout.h"
 #include "views/gridgeometry.h"
@@ -153,18 +153,10 @@ void TCluesForm::FormShow()
 
 void TCluesForm::LoadFonts()
 {
-    QFont font(ReadText(QStringLiteral("SolveFontName"), QStringLiteral("Times New Roman")));
-    font.setPointSize(std::max(1, ReadInt(QStringLiteral("SolveFontSize"), 11)));
-    const int style = ReadInt(QStringLiteral("SolveFontStyle"), 0);
-    font.setBold(style & 1);
-    font.setItalic(style & 2);
-    font.setUnderline(style & 4);
-    font.setStrikeOut(style & 8);
-    ClueList->setFont(font);
-
-    const QColor colour = ColorFromSetting(ReadText(QStringLiteral("SolveFontColor"), QStringLiteral("clBlack")));
+    const TFontSetting solveFont = ReadFontSetting(QStringLiteral("Solve"), {QStringLiteral("Times New Roman")});
+    ClueList->setFont(solveFont.Font);
     QPalette palette = ClueList->palette();
-    palette.setColor(QPalette::Text, colour.isValid() ? colour : QColor(Qt::black));
+    palette.setColor(QPalette::Text, solveFont.Color);
     ClueList->setPalette(palette);
 
     if (ReadInt(QStringLiteral("UseCursors"), 1) == 1)

@@ -6,6 +6,7 @@
 #include "model/cp1252.h"
 #include "model/puzzle.h"
 #include "settings/colors.h"
+#include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
 #include "solving/scoring.h"
 #include "views/gridgeometry.h"
@@ -138,15 +139,10 @@ void TXwdGridForm::readAppearance()
     FilledSqColor = ReadColorSetting(QStringLiteral("FilledSqColor"), QStringLiteral("clBlack"));
     BlankSqColor = ReadColorSetting(QStringLiteral("BlankSqColor"), QStringLiteral("clWhite"));
     HiliteSqColor = ReadColorSetting(QStringLiteral("HiliteSqColor"), QStringLiteral("clYellow"));
-    fontColor_ = ReadColorSetting(QStringLiteral("FontColor"), QStringLiteral("clBlack"));
-
-    QFont letters(ReadText(QStringLiteral("FontName"), QStringLiteral("Arial")));
-    const int style = ReadInt(QStringLiteral("FontStyle"), 0);
-    letters.setBold(style & 1);
-    letters.setItalic(style & 2);
-    letters.setUnderline(style & 4);
-    letters.setStrikeOut(style & 8);
-    setFont(letters);
+    // The size is scaled to the squares when they are known.
+    const TFontSetting letters = ReadFontSetting(QString(), {QStringLiteral("Arial")});
+    fontColor_ = letters.Color;
+    setFont(letters.Font);
 }
 
 void TXwdGridForm::applyFontSize()

@@ -1,0 +1,24 @@
+#pragma once
+// A font kept in the settings as four values: <prefix>FontName, <prefix>FontSize (points),
+// <prefix>FontStyle (bold 1, italic 2, underline 4, strike-out 8) and <prefix>FontColor.
+
+#include <QColor>
+#include <QFont>
+#include <QString>
+
+struct TFontSetting {
+    QFont Font;
+    QColor Color;
+};
+
+struct TFontDefaults {
+    QString Name;
+    int Size = 11;
+    int Style = 0;
+    QString Color = QStringLiteral("clBlack");
+};
+
+// The font's four values with their defaults; an unreadable colour gives the default.
+TFontSetting ReadFontSetting(const QString &prefix, const TFontDefaults &defaults);
+// The style bits applied to a font.
+void ApplyFontStyle(QFont &font, int style);

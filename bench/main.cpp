@@ -1,0 +1,67 @@
+// quillmark-bench: how long the core's everyday operations take on the largest grid.
+// Prints figures only; nothing here passes or fails.
+
+#include "mainwindow/specifications.h"
+#include "model/puzzlefile.h"
+#include "model/puzzletext.h"
+#include "solving/scoring.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <functional>
+
+namespace {
+
+// A 23 x 23 grid with a black square every fourth square of every other row.
+TPuzzle largestGrid()
+{
+    TPuzzle p;
+    p.ClearPuzzle(23, 'N', "Bench", 0);
+    for (int r = 1; r <= 23; ++r)
+        for (int c = 1; c <= 23; ++c)
+            p.Cells(c, r) = (r % 2 == 0 && c % 4 == 0) ? BlockChar : uint8_t('A' + (c + r) % 26);
+    return p;
+}
+
+void measure(const char *name, int repeats, const std::function<void()> &work)
+{
+    QElapsedTimer clock;
+    clock.start();
+    for (int i = 0; i < repeats; ++i)
+        work();
+    const double micros = double(clock.nsecsElapsed()) / 1000.0 / repeats;
+    std::printf("%-34s %10.2f us\n", name, micros);
+}
+
+}  // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication app(argc, argv);
+    TPuzzle p = largestGrid();
+    volatile int sink = 0;
+    std::printf("23 x 23 grid, %d words\n", WordCount(p));
+
+    measure("WordsInSlotOrder", 2000, [&] { sink = sink + int(WordsInSlotOrder(p).size()); });
+    measure("SquareNumbers", 2000, [&] { sink = sink + SquareNumbers(p)(1, 1); });
+    measure("PuzzleSpecText", 2000, [&] { sink = sink + int(PuzzleSpecText(p).size()); });
+    measure("GetWord (every word)", 2000, [&] {
+        for (const TWordRef &w : WordsInSlotOrder(p))
+            sink = sink + int(p.GetWord(w.Column, w.Row, char(w.Dir)).size());
+    });
+    measure("ErrorSquares", 2000, [&] { sink = sink + int(ErrorSquares(p).size()); });
+    measure("EncodePuzzle", 2000, [&] { sink = sink + int(EncodePuzzle(p).size()); });
+    const QByteArray bytes = EncodePuzzle(p);
+    measure("DecodePuzzle", 2000, [&] { sink = sink + DecodePuzzle(bytes).Size; });
+    measure("PuzzleToText + PuzzleFromText", 500, [&] { sink = sink + PuzzleFromText(PuzzleToText(p)).Size; });
+
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("bench.xwd"));
+    Puzzle = p;
+    measure("WritePuzzle (atomic save)", 200, [&] { WritePuzzle(path); });
+    measure("OpenPuzzleFile", 200, [&] { OpenPuzzleFile(path); });
+    return sink == -1;
+}

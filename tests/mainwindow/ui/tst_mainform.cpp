@@ -1,6 +1,7 @@
 // The main window and the puzzle's lifecycle, driven as a user would, with scripted dialogs.
 
 #include "mainwindow/puzzlestate.h"
+#include "mainwindow/ui/tinfowin.h"
 #include "mainwindow/ui/tprogram.h"
 #include "mainwindow/ui/tsoundfx.h"
 #include "mainwindow/ui/txwdmainform.h"
@@ -17,6 +18,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QSignalSpy>
 #include <QToolButton>
 
@@ -295,6 +297,10 @@ private slots:
         main()->SaveAct->trigger();
         QVERIFY(!PuzzleChanged);
         QCOMPARE(DecodePuzzle(readAll(a)).Cells(2, 2), uint8_t('Z'));
+        // The progress window ran its ten steps and went away.
+        QCOMPARE(program->InfoWin->findChild<QProgressBar *>("ProgBar")->value(), 10);
+        QCOMPARE(program->InfoWin->findChild<QLabel *>("Panel")->text(), QStringLiteral("Saving puzzle ...    "));
+        QVERIFY(!program->InfoWin->isVisible());
 
         Puzzle.Cells(2, 2) = 'Y';
         PuzzleChanged = true;

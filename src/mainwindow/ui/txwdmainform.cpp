@@ -100,6 +100,20 @@ void ShowPuzzleError(const QString &text)
     Dialogs().Error(XwdMainForm, text);
 }
 
+bool WritePuzzleOrReport(const QString &path, bool version5)
+{
+    try {
+        if (version5)
+            WritePuzzle5(path);
+        else
+            WritePuzzle(path);
+        return true;
+    } catch (const TPuzzleIOError &e) {
+        ShowPuzzleError(QStringLiteral("The puzzle could not be saved.\n%1").arg(QString::fromStdString(e.what())));
+        return false;
+    }
+}
+
 TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
 {
     setObjectName(QStringLiteral("XwdMainForm"));
@@ -377,17 +391,6 @@ bool TXwdMainForm::tryOpen(const QString &path)
     }
 }
 
-bool TXwdMainForm::writeOrReport(const QString &path)
-{
-    try {
-        WritePuzzle(path);
-        return true;
-    } catch (const TPuzzleIOError &e) {
-        ShowPuzzleError(QStringLiteral("The puzzle could not be saved.\n%1").arg(QString::fromStdString(e.what())));
-        return false;
-    }
-}
-
 void TXwdMainForm::Open1Click(bool solving)
 {
     if (PuzzleChanged && !SaveChangesQuery())
@@ -437,7 +440,7 @@ void TXwdMainForm::NewPuzzleClick(QAction *action)
     }
     const TPuzzle previous = Puzzle;
     ClearPuzzle(size, 'N');
-    if (!writeOrReport(path)) {
+    if (!WritePuzzleOrReport(path)) {
         Puzzle = previous;
         return;
     }
@@ -460,7 +463,7 @@ void TXwdMainForm::Save1Click()
 {
     if (!puzzleOpen_ || CurrentPuzzlePath.isEmpty())
         return;
-    if (writeOrReport(CurrentPuzzlePath))
+    if (WritePuzzleOrReport(CurrentPuzzlePath))
         showSaving();
 }
 
@@ -484,20 +487,15 @@ void TXwdMainForm::CopyGridAs1Click(QAction *action)
     }
     if (!copyGrid && choice->FilterIndex == 2) {
         // A version-5 copy is an export: the open puzzle stays as it is.
-        try {
-            WritePuzzle5(path);
-        } catch (const TPuzzleIOError &e) {
-            ShowPuzzleError(QStringLiteral("The puzzle could not be saved.\n%1").arg(QString::fromStdString(e.what())));
-            return;
-        }
-        showSaving();
+        if (WritePuzzleOrReport(path, true))
+            showSaving();
         return;
     }
     const TPuzzle previous = Puzzle;
     const bool previousChanged = PuzzleChanged;
     if (copyGrid)
         ClearPuzzle(Puzzle.Size, 'C');
-    if (!writeOrReport(path)) {
+    if (!WritePuzzleOrReport(path)) {
         Puzzle = previous;
         PuzzleChanged = previousChanged;
         return;
@@ -548,7 +546,7 @@ bool TXwdMainForm::SaveChangesQuery()
         }
     }
     // A failed save must not let the caller throw the changes away.
-    return writeOrReport(CurrentPuzzlePath);
+    return WritePuzzleOrReport(CurrentPuzzlePath);
 }
 
 void TXwdMainForm::HistoryClick(int k)
@@ -863,7 +861,7 @@ void TXwdMainForm::closeEvent(QCloseEvent *event)
         if (answer == TAnswer::No)
             PuzzleChanged = false;
     }
-    if (PuzzleChanged && !writeOrReport(CurrentPuzzlePath)) {
+    if (PuzzleChanged && !WritePuzzleOrReport(CurrentPuzzlePath)) {
         event->ignore();
         return;
     }

@@ -106,8 +106,6 @@ private:
     void updateActions();
     void setButtonHint(QToolButton *button, const QString &hint);
     QAction *historyAct(int k) const;
-    // Writes Puzzle to `path`; on failure tells the user and returns false.
-    bool writeOrReport(const QString &path);
     // Reads a puzzle; false when it is not one.
     bool tryOpen(const QString &path);
     void showSaving();
@@ -123,3 +121,6 @@ extern TXwdMainForm *XwdMainForm;
 
 // The one error box of the program: the error sound, then the message with OK.
 void ShowPuzzleError(const QString &text);
+// Writes Puzzle to `path` in the current version (or version 5); on failure tells the
+// user and returns false.
+bool WritePuzzleOrReport(const QString &path, bool version5 = false);

@@ -91,11 +91,7 @@ void TScoreForm::StartOverBtnClick()
     ClearEntries(Puzzle);
     if (XwdGridForm)
         XwdGridForm->update();
-    try {
-        WritePuzzle(CurrentPuzzlePath);
-    } catch (const TPuzzleIOError &e) {
+    if (!WritePuzzleOrReport(CurrentPuzzlePath))
         PuzzleChanged = true;
-        ShowPuzzleError(QStringLiteral("The puzzle could not be saved.\n%1").arg(QString::fromStdString(e.what())));
-    }
     reject();
 }

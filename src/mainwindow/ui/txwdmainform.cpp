@@ -418,26 +418,35 @@ void TXwdMainForm::Open1Click(bool solving)
     PuzzleOpened();
 }
 
+std::optional<TFileChoice> TXwdMainForm::ChoosePuzzleName(const QString &title, const QString &filter)
+{
+    TFileRequest request;
+    request.Kind = TFileRequest::Save;
+    request.Title = title;
+    request.Filter = filter;
+    request.FileName = QStringLiteral("untitled.xwd");
+    request.DefaultExtension = QStringLiteral("xwd");
+    request.Directory = QDir::currentPath();
+    auto choice = Dialogs().ChooseFile(this, request);
+    if (!choice)
+        return std::nullopt;
+    choice->Path = WithPuzzleExtension(choice->Path);
+    if (HasForeignExtension(choice->Path)) {
+        ShowPuzzleError(ForeignMessage);
+        return std::nullopt;
+    }
+    return choice;
+}
+
 void TXwdMainForm::NewPuzzleClick(QAction *action)
 {
     const int size = action->iconText().left(2).toInt();
     if (PuzzleChanged && !SaveChangesQuery())
         return;
-    TFileRequest request;
-    request.Kind = TFileRequest::Save;
-    request.Title = QStringLiteral("New %1x puzzle for constructing").arg(size);
-    request.FileName = QStringLiteral("untitled.xwd");
-    request.DefaultExtension = QStringLiteral("xwd");
-    request.Directory = QDir::currentPath();
-    request.Filter = OpenFilter;
-    const auto choice = Dialogs().ChooseFile(this, request);
+    const auto choice = ChoosePuzzleName(QStringLiteral("New %1x puzzle for constructing").arg(size), OpenFilter);
     if (!choice)
         return;
-    const QString path = WithPuzzleExtension(choice->Path);
-    if (HasForeignExtension(path)) {
-        ShowPuzzleError(ForeignMessage);
-        return;
-    }
+    const QString path = choice->Path;
     const TPuzzle previous = Puzzle;
     ClearPuzzle(size, 'N');
     if (!WritePuzzleOrReport(path)) {
@@ -470,21 +479,11 @@ void TXwdMainForm::Save1Click()
 void TXwdMainForm::CopyGridAs1Click(QAction *action)
 {
     const bool copyGrid = action == CopyGridAsAct;
-    TFileRequest request;
-    request.Kind = TFileRequest::Save;
-    request.Title = copyGrid ? QStringLiteral("Copy grid as...") : QStringLiteral("Save puzzle as...");
-    request.Filter = copyGrid ? CopyGridFilter : SaveAsFilter;
-    request.FileName = QStringLiteral("untitled.xwd");
-    request.DefaultExtension = QStringLiteral("xwd");
-    request.Directory = QDir::currentPath();
-    const auto choice = Dialogs().ChooseFile(this, request);
+    const auto choice = ChoosePuzzleName(copyGrid ? QStringLiteral("Copy grid as...") : QStringLiteral("Save puzzle as..."),
+                                         copyGrid ? CopyGridFilter : SaveAsFilter);
     if (!choice)
         return;
-    const QString path = WithPuzzleExtension(choice->Path);
-    if (HasForeignExtension(path)) {
-        ShowPuzzleError(ForeignMessage);
-        return;
-    }
+    const QString path = choice->Path;
     if (!copyGrid && choice->FilterIndex == 2) {
         // A version-5 copy is an export: the open puzzle stays as it is.
         if (WritePuzzleOrReport(path, true))

@@ -5,6 +5,10 @@
 #include <QMainWindow>
 #include <QPointer>
 
+#include "mainwindow/ui/dialogs.h"
+
+#include <optional>
+
 class QAction;
 class QActionGroup;
 class QLabel;
@@ -106,6 +110,9 @@ private:
     void updateActions();
     void setButtonHint(QToolButton *button, const QString &hint);
     QAction *historyAct(int k) const;
+    // Asks for a puzzle file to write, with ".xwd" added when no extension was typed; a
+    // name with another extension is refused with the program's message.
+    std::optional<TFileChoice> ChoosePuzzleName(const QString &title, const QString &filter);
     // Reads a puzzle; false when it is not one.
     bool tryOpen(const QString &path);
     void showSaving();

@@ -2,10 +2,10 @@
 // The main window: menus, tool panel, mode line, status text and byline; owner of the
 // puzzle's lifecycle (new, open, save, save as, copy grid, revert, history, close).
 
+#include "mainwindow/ui/dialogs.h"
+
 #include <QMainWindow>
 #include <QPointer>
-
-#include "mainwindow/ui/dialogs.h"
 
 #include <optional>
 

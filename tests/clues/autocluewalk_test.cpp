@@ -8,57 +8,44 @@
 
 #include <QStringList>
 
+#include <string>
+#include <tuple>
+
 namespace {
 
-// 1A and 1D share the top-left square; 2D, 3D and 4D start only down, 5A, 6A and 7A only
-// across; the last word in reading order is 7A.
-const char *const Shared =
-    "size 5\ngrid\n"
-    "ABC#D\nEFG#H\nIJKLM\nN#O#P\nQRS#T\n"
-    "clues\n1A c1\n1D c2\n2D c3\n3D c4\n4D c5\n5A c6\n6A c7\n7A c8\n";
+// 1A and 1D share the top-left square; the last word in reading order is 7A.
+const char *const Shared = "size 5\ngrid\nABC#D\nEFG#H\nIJKLM\nN#O#P\nQRS#T\n"
+                           "clues\n1A c1\n1D c2\n2D c3\n3D c4\n4D c5\n5A c6\n6A c7\n7A c8\n";
 
 // Its last two words are down words that start below the last across word.
-const char *const DownLast =
-    "size 5\ngrid\n"
-    "ABCDE\nFGHIJ\nK#L#M\n#N#O#\n#P#Q#\n"
-    "clues\n1A c1\n1D c2\n2D c3\n3D c4\n4D c5\n5D c6\n6A c7\n7D c8\n8D c9\n";
+const char *const DownLast = "size 5\ngrid\nABCDE\nFGHIJ\nK#L#M\n#N#O#\n#P#Q#\n"
+                             "clues\n1A c1\n1D c2\n2D c3\n3D c4\n4D c5\n5D c6\n6A c7\n7D c8\n8D c9\n";
 
-struct TShown {
-    QString Caption;
-    QByteArray Word;
-    int Slot = 0;
-};
-
-// The window as the walk sees it: ShowCurrentWord puts the word's number and direction
-// in the label and the clue of the walk's slot in the clue box.
+// The window as the walk sees it. The labels read as the window's do; each refresh is
+// recorded as "12a LETTERS slot" (number, direction, the word's letters, the walk's slot).
 class TRecordingWindow : public TAutoclueWalkListener {
 public:
     TAutoclueWalk Walk{*this};
-    QList<TShown> Shown;
+    QStringList Shown;
     QString Caption;
     QByteArray Clue;
-    int GridDirection = 0;
-    int NoMoreCluesFlashes = 0;
-    int WordLimitWarnings = 0;
-    int FirstWordSounds = 0;
+    int GridDirection = 0, NoMoreCluesFlashes = 0, WordLimitWarnings = 0, FirstWordSounds = 0;
 
     int GridWordDirection() const override { return GridDirection; }
     QByteArray ClueText() const override { return Clue; }
     QString NumberCaption() const override { return Caption; }
-
     void ShowCurrentWord(char dir) override
     {
         Caption = WalkNumberCaption(Walk.WalkNumber, dir);
         Clue = Walk.WalkSlot >= 1 && Walk.WalkSlot <= ClueSlots ? Puzzle.clue(Walk.WalkSlot) : QByteArray();
-        Shown.append({Caption, Puzzle.GetWord(Walk.WalkCol, Walk.WalkRow, dir), Walk.WalkSlot});
+        const QString word = QString::fromLatin1(Puzzle.GetWord(Walk.WalkCol, Walk.WalkRow, dir));
+        Shown << QStringLiteral("%1%2 %3 %4").arg(Walk.WalkNumber).arg(QChar::fromLatin1(dir), word).arg(Walk.WalkSlot);
     }
     void WordLimitExceeded() override { ++WordLimitWarnings; }
-    void NoMoreClues() override
-    {
-        ++NoMoreCluesFlashes;
-        Caption = QString::fromLatin1(NoMoreCluesText);
-    }
+    void NoMoreClues() override { ++NoMoreCluesFlashes; Caption = QString::fromLatin1(NoMoreCluesText); }
     void FirstWordPassed() override { ++FirstWordSounds; }
+    std::string all() const { return Shown.join(QStringLiteral(", ")).toStdString(); }
+    std::string last() const { return Shown.isEmpty() ? std::string() : Shown.last().toStdString(); }
 
     // Opens on the first word, as the window does when shown without a grid word.
     void Open(bool threading)
@@ -67,204 +54,110 @@ public:
         Walk.Reset();
         Walk.WalkTo(TAutoclueWalk::ChooseTarget(GridDirection, 1, 1));
     }
-    void Next()
+    // Next (n > 0) or Previous (n < 0), pressed |n| times.
+    void Press(qsizetype n)
     {
-        if (Walk.ClueAcrossThenDown)
-            Walk.ThreadForward(TAutoclueWalk::AnyWord);
-        else
-            Walk.StepForward(TAutoclueWalk::AnyWord);
-    }
-    void Previous()
-    {
-        if (Walk.ClueAcrossThenDown)
-            Walk.ThreadBack();
-        else
-            Walk.StepBack();
-    }
-    QString Last() const
-    {
-        if (Shown.isEmpty())
-            return {};
-        const TShown &s = Shown.last();
-        return QStringLiteral("%1 %2 s%3").arg(s.Caption, QString::fromLatin1(s.Word)).arg(s.Slot);
-    }
-    QStringList All() const
-    {
-        QStringList out;
-        for (const TShown &s : Shown)
-            out << QStringLiteral("%1 %2 s%3").arg(s.Caption, QString::fromLatin1(s.Word)).arg(s.Slot);
-        return out;
+        const QByteArray any = TAutoclueWalk::AnyWord;
+        for (; n > 0; --n)
+            Walk.ClueAcrossThenDown ? Walk.ThreadForward(any) : Walk.StepForward(any);
+        for (; n < 0; ++n)
+            Walk.ClueAcrossThenDown ? Walk.ThreadBack() : Walk.StepBack();
     }
 };
 
 class AutoclueWalk : public ::testing::Test {
 protected:
-    void SetUp() override { Puzzle = TPuzzle{}; }
     void TearDown() override { Puzzle = TPuzzle{}; }
     TRecordingWindow window;
 };
 
-QStringList shared(std::initializer_list<const char *> lines)
-{
-    QStringList out;
-    for (const char *line : lines)
-        out << QString::fromLatin1(line);
-    return out;
-}
-
-// Every square black in column 4, 8, ... and in row 4, 8, ...: 216 words of three letters.
-TPuzzle manyWords()
-{
-    QString text = QStringLiteral("size 23\ngrid\n");
-    for (int r = 1; r <= 23; ++r) {
-        for (int c = 1; c <= 23; ++c)
-            text += c % 4 == 0 || r % 4 == 0 ? u'#' : QChar(u'A' + (c + r) % 26);
-        text += u'\n';
-    }
-    return PuzzleFrom(text);
-}
-
 }  // namespace
 
-TEST_F(AutoclueWalk, ReadingOrderGivesEveryWordItsNumberDirectionAndSlot)
+TEST_F(AutoclueWalk, EveryWordShowsItsNumberDirectionAndSlotBothWays)
 {
-    Puzzle = PuzzleFrom(QString::fromLatin1(Shared));
-    window.Open(false);
-    for (int i = 0; i < 7; ++i)
-        window.Next();
-    EXPECT_EQ(window.All(), shared({"1  Across ABC s1", "1  Down AEINQ s2", "2  Down BFJ s3", "3  Down CGKOS s4",
-                                    "4  Down DHMPT s5", "5  Across EFG s6", "6  Across IJKLM s7",
-                                    "7  Across QRS s8"}));
-    EXPECT_EQ(window.NoMoreCluesFlashes, 0);
+    // Each grid's words from the first, as Next shows them, then what Next from the last leaves.
+    const struct {
+        const char *Grid;
+        bool Threading;
+        const char *Words, *AtEnd;
+    } cases[] = {
+        {Shared, false, "1a ABC 1, 1d AEINQ 2, 2d BFJ 3, 3d CGKOS 4, 4d DHMPT 5, 5a EFG 6, 6a IJKLM 7, 7a QRS 8",
+         "7a QRS 8"},
+        // The end of the walk looks back for across words only, and keeps the last count.
+        {DownLast, false, "1a ABCDE 1, 1d AFK 2, 2d BG 3, 3d CHL 4, 4d DI 5, 5d EJM 6, 6a FGHIJ 7, 7d NP 8, 8d OQ 9",
+         "8a FGHIJ 9"},
+        // Threaded, the down words keep their reading-order slots; the end is found again
+        // from the clue box and the number label.
+        {Shared, true, "1a ABC 1, 5a EFG 6, 6a IJKLM 7, 7a QRS 8, 1d AEINQ 2, 2d BFJ 3, 3d CGKOS 4, 4d DHMPT 5",
+         "4d DHMPT 5"},
+        {DownLast, true, "1a ABCDE 1, 6a FGHIJ 7, 1d AFK 2, 2d BG 3, 3d CHL 4, 4d DI 5, 5d EJM 6, 7d NP 8, 8d OQ 9",
+         "8d OQ 9"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(testing::Message() << c.Grid << (c.Threading ? "threaded" : "reading order"));
+        Puzzle = PuzzleFrom(QString::fromLatin1(c.Grid));
+        const QStringList words = QString::fromLatin1(c.Words).split(QStringLiteral(", "));
+        const qsizetype steps = words.size() - 1;
+        TRecordingWindow w;
+        w.Open(c.Threading);
+        w.Press(steps);
+        EXPECT_EQ(w.all(), c.Words);
+        w.Press(1);
+        EXPECT_EQ(w.NoMoreCluesFlashes, 1);
+        EXPECT_EQ(w.last(), c.AtEnd);
 
-    // Next from the last word flashes the message and stays there.
-    window.Next();
-    EXPECT_EQ(window.NoMoreCluesFlashes, 1);
-    EXPECT_EQ(window.Last(), QStringLiteral("7  Across QRS s8"));
-    window.Next();
-    EXPECT_EQ(window.NoMoreCluesFlashes, 2);
-    EXPECT_EQ(window.Last(), QStringLiteral("7  Across QRS s8"));
-
-    // Back through every word in reverse order.
-    window.Shown.clear();
-    for (int i = 0; i < 7; ++i)
-        window.Previous();
-    EXPECT_EQ(window.All(), shared({"6  Across IJKLM s7", "5  Across EFG s6", "4  Down DHMPT s5", "3  Down CGKOS s4",
-                                    "2  Down BFJ s3", "1  Down AEINQ s2", "1  Across ABC s1"}));
-
-    // Previous from the first word: the sound, no refresh, and the walk stays on it.
-    window.Previous();
-    EXPECT_EQ(window.FirstWordSounds, 1);
-    EXPECT_EQ(window.Shown.size(), 7);
-    EXPECT_EQ(window.Walk.WalkDir, 'a');
-    EXPECT_EQ(window.Walk.WalkSlot, 1);
-    EXPECT_EQ(window.Walk.WalkNumber, 1);
-    window.Next();
-    EXPECT_EQ(window.Last(), QStringLiteral("1  Down AEINQ s2"));
-}
-
-TEST_F(AutoclueWalk, ReadingOrderPastALastDownWordEndsOnTheLastAcrossWord)
-{
-    Puzzle = PuzzleFrom(QString::fromLatin1(DownLast));
-    window.Open(false);
-    for (int i = 0; i < 8; ++i)
-        window.Next();
-    EXPECT_EQ(window.All(), shared({"1  Across ABCDE s1", "1  Down AFK s2", "2  Down BG s3", "3  Down CHL s4",
-                                    "4  Down DI s5", "5  Down EJM s6", "6  Across FGHIJ s7", "7  Down NP s8",
-                                    "8  Down OQ s9"}));
-    // The end of the walk looks back for across words only, and keeps the last count.
-    window.Next();
-    EXPECT_EQ(window.NoMoreCluesFlashes, 1);
-    EXPECT_EQ(window.Last(), QStringLiteral("8  Across FGHIJ s9"));
-}
-
-TEST_F(AutoclueWalk, ThreadingWalksTheAcrossWordsThenTheDownWords)
-{
-    Puzzle = PuzzleFrom(QString::fromLatin1(Shared));
-    window.Open(true);
-    for (int i = 0; i < 7; ++i)
-        window.Next();
-    EXPECT_EQ(window.All(), shared({"1  Across ABC s1", "5  Across EFG s6", "6  Across IJKLM s7", "7  Across QRS s8",
-                                    "1  Down AEINQ s2", "2  Down BFJ s3", "3  Down CGKOS s4", "4  Down DHMPT s5"}));
-
-    // Next from the last down word: found again from the clue box and the number label.
-    window.Next();
-    EXPECT_EQ(window.NoMoreCluesFlashes, 1);
-    EXPECT_EQ(window.Last(), QStringLiteral("4  Down DHMPT s5"));
-
-    // Previous from the first down word goes to the last across word, then on back.
-    window.Shown.clear();
-    for (int i = 0; i < 7; ++i)
-        window.Previous();
-    EXPECT_EQ(window.All(), shared({"3  Down CGKOS s4", "2  Down BFJ s3", "1  Down AEINQ s2", "7  Across QRS s8",
-                                    "6  Across IJKLM s7", "5  Across EFG s6", "1  Across ABC s1"}));
-    EXPECT_EQ(window.FirstWordSounds, 0);
-    window.Previous();
-    EXPECT_EQ(window.FirstWordSounds, 1);
-    EXPECT_EQ(window.Last(), QStringLiteral("1  Across ABC s1"));
-}
-
-TEST_F(AutoclueWalk, ThreadingWithTheLastWordDown)
-{
-    Puzzle = PuzzleFrom(QString::fromLatin1(DownLast));
-    window.Open(true);
-    for (int i = 0; i < 8; ++i)
-        window.Next();
-    EXPECT_EQ(window.All(), shared({"1  Across ABCDE s1", "6  Across FGHIJ s7", "1  Down AFK s2", "2  Down BG s3",
-                                    "3  Down CHL s4", "4  Down DI s5", "5  Down EJM s6", "7  Down NP s8",
-                                    "8  Down OQ s9"}));
-    window.Next();
-    EXPECT_EQ(window.NoMoreCluesFlashes, 1);
-    EXPECT_EQ(window.Last(), QStringLiteral("8  Down OQ s9"));
-    window.Previous();
-    EXPECT_EQ(window.Last(), QStringLiteral("7  Down NP s8"));
+        // Back to the first word, and Previous from the first sounds and stays. (The threaded
+        // walk back looks for the last across word in the last row, and DownLast has none.)
+        if (c.Grid != Shared)
+            continue;
+        w.Shown.clear();
+        w.Press(-steps);
+        EXPECT_EQ(w.all(), QStringList(words.rbegin() + 1, words.rend()).join(QStringLiteral(", ")).toStdString());
+        EXPECT_EQ(w.FirstWordSounds, 0);
+        w.Press(-1);
+        EXPECT_EQ(w.FirstWordSounds, 1);
+        EXPECT_EQ(w.last(), words.first().toStdString());
+        w.Press(1);
+        EXPECT_EQ(w.last(), words[1].toStdString());
+    }
 }
 
 TEST_F(AutoclueWalk, NextUndefinedWordSkipsWrittenClues)
 {
     Puzzle = PuzzleFrom(QString::fromLatin1(Shared));
     Puzzle.setClue(5, {});  // 4D
-    window.Open(false);
+    window.Open(true);
     window.Walk.StepForward({});
-    EXPECT_EQ(window.Last(), QStringLiteral("4  Down DHMPT s5"));
+    EXPECT_EQ(window.last(), "4d DHMPT 5") << "in reading order, even when threading";
 
     // A word without a slot counts as unwritten, whatever its slot's text.
     Puzzle.setSlotAt(1, 3, Direction::Across, 0);
     window.Walk.StepForward({});
-    EXPECT_EQ(window.Last(), QStringLiteral("6  Across IJKLM s7"));
+    EXPECT_EQ(window.last(), "6a IJKLM 7");
 
     // With every clue written it runs to the end: the message, then the last word.
     Puzzle.setSlotAt(1, 3, Direction::Across, 7);
     Puzzle.setClue(5, "c5");
     window.Walk.StepForward({});
     EXPECT_EQ(window.NoMoreCluesFlashes, 1);
-    EXPECT_EQ(window.Last(), QStringLiteral("7  Across QRS s8"));
+    EXPECT_EQ(window.last(), "7a QRS 8");
 }
 
 TEST_F(AutoclueWalk, TheGridWordIsFoundByItsLettersInTheGridDirection)
 {
     // AB is the across word at (1, 1) and again at (4, 3); XYBWZ is the down word at (5, 1).
     Puzzle = PuzzleFrom(QStringLiteral("size 5\ngrid\nAB#CX\n##Q#Y\nRS#AB\nTU#VW\nZZ#ZZ\n"));
-    window.GridDirection = 1;
-    EXPECT_EQ(TAutoclueWalk::ChooseTarget(1, 4, 3), QByteArray("AB"));
-    EXPECT_EQ(TAutoclueWalk::ChooseTarget(2, 5, 1), QByteArray("XYBWZ"));
-    EXPECT_EQ(TAutoclueWalk::ChooseTarget(2, 4, 1), TAutoclueWalk::AnyWord) << "(4, 1) starts no down word";
-    EXPECT_EQ(TAutoclueWalk::ChooseTarget(1, 2, 1), TAutoclueWalk::AnyWord) << "inside a word";
-    EXPECT_EQ(TAutoclueWalk::ChooseTarget(0, 4, 3), TAutoclueWalk::AnyWord);
+    // (4, 1) starts no down word, (2, 1) is inside a word, and direction 0 types nowhere.
+    for (auto [dir, c, r, target] : {std::tuple{1, 4, 3, "AB"}, {2, 5, 1, "XYBWZ"}, {2, 4, 1, ">"}, {1, 2, 1, ">"},
+                                     {0, 4, 3, ">"}})
+        EXPECT_EQ(TAutoclueWalk::ChooseTarget(dir, c, r), QByteArray(target)) << dir << " " << c << "," << r;
 
-    // The earlier of two equal words wins.
-    window.Walk.Reset();
-    window.Walk.WalkTo(TAutoclueWalk::ChooseTarget(1, 4, 3));
-    EXPECT_EQ(window.Walk.WalkCol, 1);
-    EXPECT_EQ(window.Walk.WalkRow, 1);
-    EXPECT_EQ(window.Last(), QStringLiteral("1  Across AB s1"));
-
-    // Threaded, and for a down word only while the grid types down.
+    // Threaded, a down word is found only while the grid types down.
     window.Walk.ClueAcrossThenDown = true;
-    window.Walk.Reset();
     window.GridDirection = 2;
+    window.Walk.Reset();
     window.Walk.WalkTo("XYBWZ");
-    EXPECT_EQ(window.Last(), QStringLiteral("3  Down XYBWZ s3"));
+    EXPECT_EQ(window.last(), "3d XYBWZ 3");
     window.GridDirection = 1;
     window.Walk.Reset();
     window.Walk.WalkTo("XYBWZ");
@@ -274,55 +167,49 @@ TEST_F(AutoclueWalk, TheGridWordIsFoundByItsLettersInTheGridDirection)
     window.GridDirection = 2;
     window.Walk.ResetForGrid();
     window.Walk.StepForward("XYBWZ");
-    EXPECT_EQ(window.Last(), QStringLiteral("3  Down XYBWZ s3"));
-    EXPECT_TRUE(window.Walk.ClueAcrossThenDown);
+    EXPECT_EQ(window.last(), "3d XYBWZ 3");
 }
 
 TEST_F(AutoclueWalk, TheWalkStopsAtTheWordLimit)
 {
-    Puzzle = manyWords();
+    // Black in every fourth column and row: 216 words of three letters.
+    const QString open = QStringLiteral("ABC#").repeated(5) + QStringLiteral("ABC\n");
+    const QString rows = (open.repeated(3) + QString(23, u'#') + u'\n').repeated(5) + open.repeated(3);
+    Puzzle = PuzzleFrom(QStringLiteral("size 23\ngrid\n") + rows);
     ASSERT_EQ(WordCount(Puzzle), 216);
-    window.Open(false);
-    while (window.WordLimitWarnings == 0 && window.Shown.size() < 200)
-        window.Next();
-    EXPECT_EQ(window.WordLimitWarnings, 1);
-    ASSERT_EQ(window.Shown.size(), MaxWords);
-    EXPECT_EQ(window.Shown.last().Slot, MaxWords);
-    EXPECT_EQ(window.NoMoreCluesFlashes, 0);
 
-    // Threaded, the limit counts every word in reading order, the down words too.
-    window.Shown.clear();
-    window.WordLimitWarnings = 0;
-    window.Open(true);
-    while (window.WordLimitWarnings == 0 && window.Shown.size() < 200)
-        window.Next();
-    // Word 180 is the last across word of row 19: the 90th across word.
-    EXPECT_EQ(window.WordLimitWarnings, 1);
-    EXPECT_EQ(window.Shown.size(), 89);
-    EXPECT_EQ(window.Shown.last().Slot, MaxWords);
-    EXPECT_EQ(window.Shown.last().Caption.section(u' ', 2), QStringLiteral("Across"));
+    // Threaded, the limit still counts every word in reading order, so it stops on the
+    // 90th across word: the last of row 19, the 180th word.
+    for (const auto &[threading, shown] : {std::pair{false, MaxWords}, std::pair{true, 89}}) {
+        SCOPED_TRACE(threading);
+        TRecordingWindow w;
+        w.Open(threading);
+        while (w.WordLimitWarnings == 0 && w.Shown.size() < 200)
+            w.Press(1);
+        EXPECT_EQ(w.WordLimitWarnings, 1);
+        EXPECT_EQ(w.NoMoreCluesFlashes, 0);
+        ASSERT_EQ(w.Shown.size(), shown);
+        const QStringList last = w.Shown.last().split(u' ');
+        EXPECT_TRUE(last[0].endsWith(u'a')) << w.last();
+        EXPECT_EQ(last[2].toInt(), MaxWords) << w.last();
+    }
 }
 
-TEST_F(AutoclueWalk, TypingStoresTheClueInTheWalksSlot)
+TEST_F(AutoclueWalk, StoringAClueGivesTheWordTheWalksSlot)
 {
     Puzzle = PuzzleFrom(QString::fromLatin1(Shared));
     Puzzle.setSlotAt(3, 1, Direction::Down, 0);
     Puzzle.setClue(4, {});
     window.Open(false);
     window.Walk.StepForward({});
-    ASSERT_EQ(window.Last(), QStringLiteral("3  Down CGKOS s4"));
+    ASSERT_EQ(window.last(), "3d CGKOS 4");
 
-    // The same text as the stored clue changes nothing.
-    EXPECT_FALSE(window.Walk.StoreClue({}));
+    EXPECT_FALSE(window.Walk.StoreClue({})) << "the stored text again changes nothing";
     EXPECT_EQ(Puzzle.slotAt(3, 1, Direction::Down), 0);
-
     EXPECT_TRUE(window.Walk.StoreClue("Bread maker"));
     EXPECT_EQ(Puzzle.slotAt(3, 1, Direction::Down), 4);
     EXPECT_EQ(Puzzle.clue(4), QByteArray("Bread maker"));
     EXPECT_EQ(Puzzle.slotAt(3, 1, Direction::Across), 0) << "the other direction is left alone";
-    EXPECT_FALSE(window.Walk.StoreClue("Bread maker"));
-
-    const QByteArray longClue(95, 'x');
-    EXPECT_TRUE(window.Walk.StoreClue(longClue));
-    EXPECT_EQ(Puzzle.clue(4), longClue.left(80));
+    EXPECT_TRUE(window.Walk.StoreClue(QByteArray(95, 'x')));
+    EXPECT_EQ(Puzzle.clue(4), QByteArray(80, 'x'));
 }

@@ -26,12 +26,6 @@ CliRun cli(const QStringList &args)
     return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()), QString::fromUtf8(p.readAllStandardError())};
 }
 
-QByteArray readAll(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
 const char *const Clued =
     "size 11\nbyline Zoë Maker\nlanguage 4\ngrid\n"
     "CAT#DOG#EEL\n...........\n...........\n...........\n...........\n"
@@ -66,7 +60,7 @@ TEST(Cli, InfoJsonListsEveryWordInSlotOrder)
 {
     TScratchDir dir;
     const QString path = writeClued(dir);
-    const QByteArray before = readAll(path);
+    const QByteArray before = ReadFileBytes(path);
     const CliRun r = cli({"info", "--json", path});
     ASSERT_EQ(r.code, 0) << r.err.toStdString();
     const QJsonObject o = QJsonDocument::fromJson(r.out.toUtf8()).object();
@@ -93,7 +87,7 @@ TEST(Cli, InfoJsonListsEveryWordInSlotOrder)
     EXPECT_EQ(dog["column"].toInt(), 5);
     EXPECT_EQ(dog["slot"].toInt(), 5);
     EXPECT_EQ(dog["clue"].toString(), QString::fromUtf8("Barking “pet”"));
-    EXPECT_EQ(readAll(path), before) << "info never writes";
+    EXPECT_EQ(ReadFileBytes(path), before) << "info never writes";
 }
 
 TEST(Cli, Version5FilesAreReadButNotRewritten)
@@ -102,17 +96,17 @@ TEST(Cli, Version5FilesAreReadButNotRewritten)
     const QString current = writeClued(dir);
     const QString old = dir.path("old.xwd");
     ASSERT_EQ(cli({"convert", "--version5", current, old}).code, 0);
-    EXPECT_EQ(readAll(old).size(), PuzzleFile5Size);
+    EXPECT_EQ(ReadFileBytes(old).size(), PuzzleFile5Size);
 
     const CliRun r = cli({"info", "--json", old});
     ASSERT_EQ(r.code, 0);
     EXPECT_EQ(QJsonDocument::fromJson(r.out.toUtf8()).object()["format"].toInt(), 5);
-    EXPECT_EQ(readAll(old).size(), PuzzleFile5Size);
+    EXPECT_EQ(ReadFileBytes(old).size(), PuzzleFile5Size);
 
     const QString back = dir.path("back.xwd");
     ASSERT_EQ(cli({"convert", old, back}).code, 0);
-    EXPECT_EQ(readAll(back).size(), PuzzleFileSize);
-    EXPECT_EQ(DecodePuzzle(readAll(back)).clue(5), DecodePuzzle(readAll(current)).clue(5));
+    EXPECT_EQ(ReadFileBytes(back).size(), PuzzleFileSize);
+    EXPECT_EQ(DecodePuzzle(ReadFileBytes(back)).clue(5), DecodePuzzle(ReadFileBytes(current)).clue(5));
 }
 
 TEST(Cli, NewWritesAnEmptyPuzzleOfALegalSize)
@@ -121,7 +115,7 @@ TEST(Cli, NewWritesAnEmptyPuzzleOfALegalSize)
     const QString out = dir.path("new.xwd");
     const CliRun r = cli({"new", "--size", "13", "--language", "french", "--byline", "Jo", out});
     ASSERT_EQ(r.code, 0) << r.err.toStdString();
-    const TPuzzle p = DecodePuzzle(readAll(out));
+    const TPuzzle p = DecodePuzzle(ReadFileBytes(out));
     EXPECT_EQ(p.Size, 13);
     EXPECT_EQ(p.Language, 1);
     EXPECT_EQ(p.Byline.text(), "Jo");
@@ -152,7 +146,7 @@ TEST(Cli, UnreadableInputAndBadArgumentsFailWithOneLine)
         EXPECT_TRUE(r.out.isEmpty());
     }
     EXPECT_FALSE(QFile::exists(dir.path("out.xwd")));
-    EXPECT_EQ(readAll(dir.path("short.xwd")), QByteArray(100, 'x'));
+    EXPECT_EQ(ReadFileBytes(dir.path("short.xwd")), QByteArray(100, 'x'));
 
     for (const QStringList &args : {QStringList{}, QStringList{"frobnicate"}, QStringList{"info"},
                                     QStringList{"info", "--xml", "a.xwd"}, QStringList{"new", "--size"}}) {

@@ -4,17 +4,9 @@
 #include <QDir>
 #include <QFile>
 
+#include "testsupport.h"
+
 #include <gtest/gtest.h>
-
-namespace {
-
-QByteArray readAll(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-}  // namespace
 
 // The shipped puzzles are built from their text; a stale .xwd would show users old work.
 TEST(Examples, EachPuzzleIsItsSourceBuiltAgain)
@@ -24,8 +16,8 @@ TEST(Examples, EachPuzzleIsItsSourceBuiltAgain)
     ASSERT_GE(texts.size(), 2);
     for (const QString &text : texts) {
         const QString xwd = QStringLiteral(QUILLMARK_EXAMPLES "/") + QString(text).replace(".txt", ".xwd");
-        const TPuzzle built = PuzzleFromText(QString::fromUtf8(readAll(sources.filePath(text))));
-        EXPECT_EQ(readAll(xwd), EncodePuzzle(built)) << xwd.toStdString() << ": run scripts/make-examples";
+        const TPuzzle built = PuzzleFromText(QString::fromUtf8(ReadFileBytes(sources.filePath(text))));
+        EXPECT_EQ(ReadFileBytes(xwd), EncodePuzzle(built)) << xwd.toStdString() << ": run scripts/make-examples";
     }
 }
 

@@ -19,20 +19,6 @@ const char *const SmallGrid =
     "...........\n...........\n...........\n...........\n...........\n...........\n"
     "clues\n1A Purring pet\n4A Barking pet\n";
 
-QByteArray readAll(const QString &path)
-{
-    QFile f(path);
-    EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << path.toStdString();
-    return f.readAll();
-}
-
-void writeAll(const QString &path, const QByteArray &bytes)
-{
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(bytes);
-}
-
 // Random bytes everywhere, unused string bytes included: a record must survive whole.
 QByteArray noise(int size)
 {
@@ -83,11 +69,11 @@ TEST(CurrentFormat, ReadsTheFirst17818BytesAndRefusesShorterFiles)
 {
     TScratchDir dir;
     QByteArray bytes = EncodePuzzle(PuzzleFrom(QString::fromLatin1(SmallGrid)));
-    writeAll(dir.path("long.xwd"), bytes + "trailing bytes");
+    ASSERT_TRUE(WriteFileBytes(dir.path("long.xwd"), bytes + "trailing bytes"));
     ReadPuzzle(dir.path("long.xwd"));
     EXPECT_EQ(Puzzle.GetWord(1, 1, 'a'), "CAT");
 
-    writeAll(dir.path("short.xwd"), bytes.left(PuzzleFileSize - 1));
+    ASSERT_TRUE(WriteFileBytes(dir.path("short.xwd"), bytes.left(PuzzleFileSize - 1)));
     EXPECT_THROW(ReadPuzzle(dir.path("short.xwd")), TPuzzleIOError);
     EXPECT_EQ(Puzzle.GetWord(1, 1, 'a'), "CAT") << "a failed read leaves the puzzle as it was";
     EXPECT_THROW(ReadPuzzle(dir.path("missing.xwd")), TPuzzleIOError);
@@ -139,7 +125,7 @@ TEST(OpenPuzzleFile, ConvertsAVersion5FileOnDisk)
 {
     TScratchDir dir;
     const QString path = dir.path("old.xwd");
-    writeAll(path, EncodePuzzle5(PuzzleFrom(QString::fromLatin1(SmallGrid))));
+    ASSERT_TRUE(WriteFileBytes(path, EncodePuzzle5(PuzzleFrom(QString::fromLatin1(SmallGrid)))));
     ASSERT_EQ(QFile(path).size(), PuzzleFile5Size);
 
     const TLoadedPuzzle peek = LoadPuzzleFile(path);
@@ -152,7 +138,7 @@ TEST(OpenPuzzleFile, ConvertsAVersion5FileOnDisk)
     EXPECT_EQ(Puzzle.Byline.text(), "Ann Example");
     EXPECT_EQ(Puzzle.Language, 3);
     EXPECT_FALSE(PuzzleChanged);
-    EXPECT_EQ(readAll(path), EncodePuzzle(Puzzle));
+    EXPECT_EQ(ReadFileBytes(path), EncodePuzzle(Puzzle));
     EXPECT_EQ(LoadPuzzleFile(path).Format, PuzzleFormat::Current);
 }
 
@@ -160,16 +146,16 @@ TEST(OpenPuzzleFile, RefusesShortAndBrokenFilesAndLeavesThemUntouched)
 {
     TScratchDir dir;
     const QByteArray shortBytes = noise(PuzzleFile5Size - 1);
-    writeAll(dir.path("short.xwd"), shortBytes);
+    ASSERT_TRUE(WriteFileBytes(dir.path("short.xwd"), shortBytes));
     EXPECT_THROW(OpenPuzzleFile(dir.path("short.xwd")), TPuzzleIOError);
-    EXPECT_EQ(readAll(dir.path("short.xwd")), shortBytes);
+    EXPECT_EQ(ReadFileBytes(dir.path("short.xwd")), shortBytes);
 
     TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
     p.Byline.setText(QByteArray(59, 'b'));
     const QByteArray broken = EncodePuzzle5(p);
-    writeAll(dir.path("broken.xwd"), broken);
+    ASSERT_TRUE(WriteFileBytes(dir.path("broken.xwd"), broken));
     EXPECT_THROW(OpenPuzzleFile(dir.path("broken.xwd")), TPuzzleIOError);
-    EXPECT_EQ(readAll(dir.path("broken.xwd")), broken);
+    EXPECT_EQ(ReadFileBytes(dir.path("broken.xwd")), broken);
 }
 
 TEST(WritePuzzle, ReplacesAFileWholeOrReportsAndKeepsTheOld)
@@ -180,7 +166,7 @@ TEST(WritePuzzle, ReplacesAFileWholeOrReportsAndKeepsTheOld)
     PuzzleChanged = true;
     WritePuzzle(path);
     EXPECT_FALSE(PuzzleChanged);
-    const QByteArray before = readAll(path);
+    const QByteArray before = ReadFileBytes(path);
     EXPECT_EQ(before.size(), PuzzleFileSize);
 
     // A disk that fills up mid-save: files may grow to 4 KiB only.
@@ -191,7 +177,7 @@ TEST(WritePuzzle, ReplacesAFileWholeOrReportsAndKeepsTheOld)
         EXPECT_THROW(WritePuzzle(path), TPuzzleIOError);
     }
     EXPECT_TRUE(PuzzleChanged);
-    EXPECT_EQ(readAll(path), before) << "the previous file stays whole";
+    EXPECT_EQ(ReadFileBytes(path), before) << "the previous file stays whole";
 
     EXPECT_THROW(WritePuzzle(dir.path("no/such/folder/p.xwd")), TPuzzleIOError);
     EXPECT_THROW(WritePuzzle5(dir.path("no/such/folder/p.xwd")), TPuzzleIOError);

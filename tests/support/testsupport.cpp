@@ -47,6 +47,18 @@ void ResetSettings()
     SetSettingsPath(QString::fromLatin1(DefaultSettingsPath));
 }
 
+QByteArray ReadFileBytes(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool WriteFileBytes(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
 TPuzzle PuzzleFrom(const QString &text)
 {
     return PuzzleFromText(text);

@@ -14,6 +14,10 @@ void IsolateUserFolders();
 // Empties the settings store and puts the default key path back, for a test's fresh start.
 void ResetSettings();
 
+// A file's bytes, empty when it cannot be read; and a file written whole.
+QByteArray ReadFileBytes(const QString &path);
+bool WriteFileBytes(const QString &path, const QByteArray &bytes);
+
 // A puzzle from its text form; see model/puzzletext.h.
 TPuzzle PuzzleFrom(const QString &text);
 

@@ -30,19 +30,6 @@ const char *const Clued =
     "...........\n...........\n...........\n...........\n...........\n.........#.\n"
     "clues\n1A Purring pet\n4A Barking pet\n";
 
-QByteArray readAll(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-void writeAll(const QString &path, const QByteArray &bytes)
-{
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write(bytes);
-}
-
 TFileChoice file(const QString &path, int filter = 1)
 {
     return TFileChoice{path, filter};
@@ -105,7 +92,7 @@ private slots:
         QCOMPARE(request.Title, QStringLiteral("New 15x puzzle for constructing"));
         QCOMPARE(request.FileName, QStringLiteral("untitled.xwd"));
         QCOMPARE(request.Filter, QStringLiteral("Quillmark Crossword Puzzle |*.xwd"));
-        QCOMPARE(readAll(path).size(), PuzzleFileSize);
+        QCOMPARE(ReadFileBytes(path).size(), PuzzleFileSize);
         QCOMPARE(int(PuzzleMode), int(ConstructMode));
         QCOMPARE(CurrentPuzzlePath, path);
         QCOMPARE(main()->ModeLabel->text(), QStringLiteral("Specifications"));
@@ -136,7 +123,7 @@ private slots:
         main()->findChild<QAction *>("New11Act")->trigger();
         QCOMPARE(int(Puzzle.Size), 11);
         QCOMPARE(CurrentPuzzlePath, dir->path("small.xwd"));
-        QCOMPARE(DecodePuzzle(readAll(path)).Cells(1, 1), uint8_t(0));  // the answer No wrote nothing
+        QCOMPARE(DecodePuzzle(ReadFileBytes(path)).Cells(1, 1), uint8_t(0));  // the answer No wrote nothing
     }
 
     void foreignExtensionsAreRefusedAndNothingIsWritten()
@@ -161,22 +148,22 @@ private slots:
         open(good, false);
         QCOMPARE(Puzzle.GetWord(1, 1, 'a'), QByteArray("CAT"));
 
-        writeAll(dir->path("bad.xwd"), QByteArray(500, 'x'));
+        QVERIFY(WriteFileBytes(dir->path("bad.xwd"), QByteArray(500, 'x')));
         open(dir->path("bad.xwd"), true);
         QCOMPARE((*dialogs)->Errors, QStringList{"Puzzle not in Quillmark format or is corrupt."});
         QCOMPARE(CurrentPuzzlePath, good);
         QCOMPARE(int(PuzzleMode), int(ConstructMode));
         QCOMPARE(Puzzle.GetWord(1, 1, 'a'), QByteArray("CAT"));
-        QCOMPARE(readAll(dir->path("bad.xwd")), QByteArray(500, 'x'));
+        QCOMPARE(ReadFileBytes(dir->path("bad.xwd")), QByteArray(500, 'x'));
     }
 
     void aVersion5FileIsConvertedOnDisk()
     {
         const QString path = dir->path("old.xwd");
-        writeAll(path, EncodePuzzle5(PuzzleFromText(QString::fromUtf8(Clued))));
+        QVERIFY(WriteFileBytes(path, EncodePuzzle5(PuzzleFromText(QString::fromUtf8(Clued)))));
         open(path, true);
         QVERIFY((*dialogs)->Errors.isEmpty());
-        QCOMPARE(readAll(path).size(), PuzzleFileSize);
+        QCOMPARE(ReadFileBytes(path).size(), PuzzleFileSize);
         QCOMPARE(int(Puzzle.Language), 3);
         QCOMPARE(int(PuzzleMode), int(SolveMode));
         QVERIFY(program->CluesForm->isVisible());
@@ -253,7 +240,7 @@ private slots:
         (*dialogs)->Files.append(file(dir->path("five"), 2));
         main()->SavePuzzleAsAct->trigger();
         QCOMPARE((*dialogs)->FileRequests.last().Title, QStringLiteral("Save puzzle as..."));
-        QCOMPARE(readAll(dir->path("five.xwd")).size(), PuzzleFile5Size);
+        QCOMPARE(ReadFileBytes(dir->path("five.xwd")).size(), PuzzleFile5Size);
         QCOMPARE(CurrentPuzzlePath, a);
         QCOMPARE(program->GridForm->windowTitle(), caption);
         QCOMPARE(ReadText("HistoryPuzzle1"), history);
@@ -264,7 +251,7 @@ private slots:
         main()->SavePuzzleAsAct->trigger();
         QCOMPARE(CurrentPuzzlePath, dir->path("six.xwd"));
         QVERIFY(!PuzzleChanged);
-        QCOMPARE(readAll(dir->path("six.xwd")), EncodePuzzle(Puzzle));
+        QCOMPARE(ReadFileBytes(dir->path("six.xwd")), EncodePuzzle(Puzzle));
     }
 
     void copyGridAsKeepsOnlyTheBlackSquares()
@@ -276,7 +263,7 @@ private slots:
         main()->CopyGridAsAct->trigger();
         QCOMPARE((*dialogs)->FileRequests.last().Title, QStringLiteral("Copy grid as..."));
         QCOMPARE(CurrentPuzzlePath, dir->path("copy.xwd"));
-        const TPuzzle copy = DecodePuzzle(readAll(dir->path("copy.xwd")));
+        const TPuzzle copy = DecodePuzzle(ReadFileBytes(dir->path("copy.xwd")));
         QCOMPARE(int(copy.Size), 11);
         QCOMPARE(copy.Cells(4, 1), BlockChar);
         QCOMPARE(copy.Cells(10, 11), BlockChar);
@@ -296,7 +283,7 @@ private slots:
         PuzzleChanged = true;
         main()->SaveAct->trigger();
         QVERIFY(!PuzzleChanged);
-        QCOMPARE(DecodePuzzle(readAll(a)).Cells(2, 2), uint8_t('Z'));
+        QCOMPARE(DecodePuzzle(ReadFileBytes(a)).Cells(2, 2), uint8_t('Z'));
         // The progress window ran its ten steps and went away.
         QCOMPARE(program->InfoWin->findChild<QProgressBar *>("ProgBar")->value(), 10);
         QCOMPARE(program->InfoWin->findChild<QLabel *>("Panel")->text(), QStringLiteral("Saving puzzle ...    "));
@@ -324,7 +311,7 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(program->GridForm));
         QTest::keyClick(program->GridForm, Qt::Key_S, Qt::ControlModifier);
         QVERIFY(!PuzzleChanged);
-        QCOMPARE(DecodePuzzle(readAll(a)).Cells(3, 3), uint8_t('K'));
+        QCOMPARE(DecodePuzzle(ReadFileBytes(a)).Cells(3, 3), uint8_t('K'));
     }
 
     void solvingSavesWithoutAskingAndClosingAsksWhenConstructing()
@@ -335,7 +322,7 @@ private slots:
         PuzzleChanged = true;
         open(b, false);
         QVERIFY((*dialogs)->Questions.isEmpty());
-        QCOMPARE(DecodePuzzle(readAll(a)).Entries(1, 2), uint8_t('R'));
+        QCOMPARE(DecodePuzzle(ReadFileBytes(a)).Entries(1, 2), uint8_t('R'));
 
         PuzzleChanged = true;
         (*dialogs)->Answers.append(TAnswer::Cancel);
@@ -346,7 +333,7 @@ private slots:
         Puzzle.Cells(5, 5) = 'W';
         (*dialogs)->Answers.append(TAnswer::Yes);
         QVERIFY(main()->close());
-        QCOMPARE(DecodePuzzle(readAll(b)).Cells(5, 5), uint8_t('W'));
+        QCOMPARE(DecodePuzzle(ReadFileBytes(b)).Cells(5, 5), uint8_t('W'));
         QVERIFY(!program->GridForm->isVisible());
     }
 

@@ -34,12 +34,6 @@ const char *const AlmostSolved =
     "AREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\n"
     "clues\n1A Purring pet\n";
 
-QByteArray readAll(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
 int redPixels(const QImage &image, const QRect &area)
 {
     int count = 0;
@@ -172,7 +166,7 @@ private slots:
     {
         solveSquare33();
         QCOMPARE(score("StartOverBtn").first(), QStringLiteral("CONGRATULATIONS!"));
-        const TPuzzle saved = DecodePuzzle(readAll(path));
+        const TPuzzle saved = DecodePuzzle(ReadFileBytes(path));
         for (int c = 1; c <= 11; ++c)
             for (int r = 1; r <= 11; ++r)
                 QCOMPARE(saved.Entries(c, r), uint8_t(0));

@@ -1,229 +1,27 @@
 // quillmark-cli: the puzzle core without windows, for scripts and batch work.
 
-#include "clues/gridlanguage.h"
-#include "mainwindow/specifications.h"
-#include "model/clearpuzzle.h"
-#include "model/cp1252.h"
-#include "model/puzzlefile.h"
-#include "model/puzzletext.h"
+#include "cli.h"
 #include "settings/txwdprocs.h"
 
 #include <QCoreApplication>
-#include <QFile>
-#include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QTextStream>
-
-#include <cstdio>
-#include <functional>
-#include <map>
 
 namespace {
 
-constexpr int ExitUsage = 1;
-constexpr int ExitUnreadable = 2;
-constexpr int ExitUnwritable = 3;
-
-const char *const Usage = R"(Usage: quillmark-cli COMMAND [OPTIONS] ARGUMENTS
-
-Commands:
-  info [--json] FILE
-      Shows a puzzle's specifications, byline, language and whether its grid is full.
-      FILE is read as the program opens it, but never rewritten.
-  new --size N [--language L] [--byline TEXT] OUT
-      Writes a fresh empty puzzle of N x N squares (11, 13, ..., 23). The language
-      (0 to 8 or a name such as French) and byline default to the user's settings.
-  convert [--version5] IN OUT
-      Reads IN and writes OUT in the current format, or in the older version 5.
-  import TEXT OUT
-      Builds a puzzle from its text form (size, byline, language, grid, clues).
-  export-text IN OUT
-      Writes the text form of a puzzle; OUT may be - for standard output.
-  help
-      Shows this text.
-
-Exit codes: 0 success, 1 bad arguments, 2 unreadable input, 3 output not written.
-)";
-
-// A failure the user is told about in one line, with the exit code it ends in.
-struct TCliError {
-    int Code;
-    QString Message;
-};
-
-class Arguments {
-public:
-    explicit Arguments(QStringList args) : args_(std::move(args)) {}
-
-    bool flag(const QString &name) { return args_.removeAll(name) > 0; }
-    QString option(const QString &name)
-    {
-        const qsizetype at = args_.indexOf(name);
-        if (at < 0)
-            return {};
-        if (at + 1 >= args_.size())
-            throw TCliError{ExitUsage, name + QStringLiteral(" needs a value")};
-        const QString value = args_.at(at + 1);
-        args_.remove(at, 2);
-        return value;
-    }
-    bool hasOption(const QString &name) const { return args_.contains(name); }
-    QStringList positional(int count, const QString &names)
-    {
-        for (const QString &a : std::as_const(args_))
-            if (a.startsWith(u"--"))
-                throw TCliError{ExitUsage, QStringLiteral("unknown option %1").arg(a)};
-        if (args_.size() != count)
-            throw TCliError{ExitUsage, QStringLiteral("expected %1").arg(names)};
-        return args_;
-    }
-
-private:
-    QStringList args_;
-};
-
-TLoadedPuzzle load(const QString &path)
+// Every command, in the order the help text lists them.
+QList<TCliCommand> AllCommands()
 {
-    try {
-        return LoadPuzzleFile(path);
-    } catch (const TPuzzleIOError &) {
-        throw TCliError{ExitUnreadable, QStringLiteral("Puzzle not in Quillmark format or is corrupt.")};
-    }
+    QList<TCliCommand> commands = PuzzleCommands();
+    return commands;
 }
 
-void save(const QString &path, const QByteArray &bytes)
+QString UsageText(const QList<TCliCommand> &commands)
 {
-    try {
-        WriteFileAtomically(path, bytes);
-    } catch (const TPuzzleIOError &e) {
-        throw TCliError{ExitUnwritable, QString::fromStdString(e.what())};
-    }
-}
-
-QJsonObject infoJson(const TLoadedPuzzle &loaded)
-{
-    const TPuzzle &p = loaded.Puzzle;
-    QJsonArray entries;
-    for (const TWordRef &w : WordsInSlotOrder(p)) {
-        const int slot = p.slotAt(w.Column, w.Row, w.Dir);
-        QByteArray answer = p.GetWord(w.Column, w.Row, char(w.Dir));
-        answer.replace('\0', '.');
-        const bool slotInRange = slot >= 1 && slot <= ClueSlots;
-        entries.append(QJsonObject{
-            {"number", w.Number},
-            {"direction", w.Dir == Direction::Across ? "across" : "down"},
-            {"column", w.Column},
-            {"row", w.Row},
-            {"slot", slot},
-            {"answer", FromCp1252(answer)},
-            {"clue", slotInRange ? FromCp1252(p.clue(slot)) : QString()},
-        });
-    }
-    return {
-        {"size", p.Size},
-        {"blackSquares", BlackSquareCount(p)},
-        {"blackPar", BlackPar(p.Size)},
-        {"words", WordCount(p)},
-        {"wordPar", WordPar(p.Size)},
-        {"full", p.IsGridFull()},
-        {"byline", FromCp1252(p.Byline.text())},
-        {"language", p.Language},
-        {"format", int(loaded.Format)},
-        {"entries", entries},
-    };
-}
-
-int info(Arguments args, QTextStream &out)
-{
-    const bool json = args.flag(QStringLiteral("--json"));
-    const QString path = args.positional(1, QStringLiteral("one puzzle file")).first();
-    const TLoadedPuzzle loaded = load(path);
-    if (json) {
-        out << QJsonDocument(infoJson(loaded)).toJson(QJsonDocument::Indented);
-        return 0;
-    }
-    const TPuzzle &p = loaded.Puzzle;
-    for (const QString &line : PuzzleSpecLines(p))
-        out << line << '\n';
-    const QString language = GridLanguageName(p.Language);
-    out << "Byline: " << FromCp1252(p.Byline.text()) << '\n'
-        << "Language: " << p.Language << (language.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(language))
-        << '\n'
-        << "Grid full: " << (p.IsGridFull() ? "yes" : "no") << '\n';
-    return 0;
-}
-
-int create(Arguments args, QTextStream &)
-{
-    const QString sizeText = args.option(QStringLiteral("--size"));
-    const bool hasLanguage = args.hasOption(QStringLiteral("--language"));
-    const QString languageText = args.option(QStringLiteral("--language"));
-    const bool hasByline = args.hasOption(QStringLiteral("--byline"));
-    const QString byline = args.option(QStringLiteral("--byline"));
-    const QString out = args.positional(1, QStringLiteral("the output file")).first();
-
-    bool ok = false;
-    const int size = sizeText.toInt(&ok);
-    if (!ok || size < 11 || size > MaxGrid || size % 2 == 0)
-        throw TCliError{ExitUsage, QStringLiteral("--size must be one of 11, 13, 15, 17, 19, 21, 23")};
-    const int language = hasLanguage ? ParseGridLanguage(languageText) : 0;
-    if (language < 0)
-        throw TCliError{ExitUsage, QStringLiteral("--language must be 0 to 8 or a language name")};
-    if (hasByline && byline.size() > MaxBylineLength)
-        throw TCliError{ExitUsage, QStringLiteral("--byline holds at most 60 characters")};
-    if (hasByline && ToCp1252(byline, '\0').contains('\0'))
-        throw TCliError{ExitUsage, QStringLiteral("--byline has characters a puzzle cannot hold")};
-
-    ClearPuzzle(size, 'N');
-    if (hasLanguage)
-        Puzzle.Language = uint8_t(language);
-    if (hasByline)
-        Puzzle.Byline.setText(ToCp1252(byline));
-    save(out, EncodePuzzle(Puzzle));
-    return 0;
-}
-
-int convert(Arguments args, QTextStream &)
-{
-    const bool version5 = args.flag(QStringLiteral("--version5"));
-    const QStringList files = args.positional(2, QStringLiteral("an input and an output file"));
-    const TLoadedPuzzle loaded = load(files[0]);
-    save(files[1], version5 ? EncodePuzzle5(loaded.Puzzle) : EncodePuzzle(loaded.Puzzle));
-    return 0;
-}
-
-QString readText(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        throw TCliError{ExitUnreadable, QStringLiteral("cannot read %1: %2").arg(path, file.errorString())};
-    return QString::fromUtf8(file.readAll());
-}
-
-int import(Arguments args, QTextStream &)
-{
-    const QStringList files = args.positional(2, QStringLiteral("a text file and an output file"));
-    TPuzzle p;
-    try {
-        p = PuzzleFromText(readText(files[0]));
-    } catch (const TPuzzleTextError &e) {
-        throw TCliError{ExitUnreadable, QStringLiteral("%1: %2").arg(files[0], QString::fromStdString(e.what()))};
-    }
-    save(files[1], EncodePuzzle(p));
-    return 0;
-}
-
-int exportText(Arguments args, QTextStream &out)
-{
-    const QStringList files = args.positional(2, QStringLiteral("a puzzle file and an output file"));
-    const QString text = PuzzleToText(load(files[0]).Puzzle);
-    if (files[1] == u"-")
-        out << text;
-    else
-        save(files[1], text.toUtf8());
-    return 0;
+    QString text = QStringLiteral("Usage: quillmark-cli COMMAND [OPTIONS] ARGUMENTS\n\nCommands:\n");
+    for (const TCliCommand &command : commands)
+        text += command.Usage;
+    text += QStringLiteral("  help\n      Shows this text.\n\n"
+                           "Exit codes: 0 success, 1 bad arguments, 2 unreadable input, 3 output not written.\n");
+    return text;
 }
 
 int run(QStringList args, QTextStream &out)
@@ -231,26 +29,18 @@ int run(QStringList args, QTextStream &out)
     if (args.isEmpty())
         throw TCliError{ExitUsage, QStringLiteral("no command; see quillmark-cli --help")};
     const QString command = args.takeFirst();
+    const QList<TCliCommand> commands = AllCommands();
     if (command == u"help" || command == u"--help" || command == u"-h") {
-        out << Usage;
+        out << UsageText(commands);
         return 0;
     }
-    using Handler = std::function<int(Arguments, QTextStream &)>;
-    const std::map<QString, Handler> commands = {
-        {QStringLiteral("info"), info},
-        {QStringLiteral("new"), create},
-        {QStringLiteral("convert"), convert},
-        {QStringLiteral("import"), import},
-        {QStringLiteral("export-text"), exportText},
-    };
-    const auto found = commands.find(command);
-    if (found == commands.end())
-        throw TCliError{ExitUsage, QStringLiteral("unknown command %1; see quillmark-cli --help").arg(command)};
-    return found->second(Arguments(args), out);
+    for (const TCliCommand &c : commands)
+        if (c.Name == command)
+            return c.Run(Arguments(args), out);
+    throw TCliError{ExitUsage, QStringLiteral("unknown command %1; see quillmark-cli --help").arg(command)};
 }
 
 }  // namespace
-
 int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);

@@ -20,6 +20,8 @@
 #include "views/ui/tcluesform.h"
 #include "views/ui/txwdgridform.h"
 
+#include <algorithm>
+
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
@@ -30,6 +32,7 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -184,8 +187,12 @@ void TXwdMainForm::createActions()
 
 void TXwdMainForm::createMenus()
 {
-    QMenu *puzzle = menuBar()->addMenu(QStringLiteral("&Puzzle"));
-    puzzle->setObjectName(QStringLiteral("PuzzleMenu"));
+    auto addMenu = [](QMenu *parent, QMenuBar *bar, const char *name, const QString &caption) {
+        QMenu *menu = parent ? parent->addMenu(caption) : bar->addMenu(caption);
+        menu->setObjectName(QString::fromLatin1(name));
+        return menu;
+    };
+    QMenu *puzzle = addMenu(nullptr, menuBar(), "PuzzleMenu", QStringLiteral("&Puzzle"));
     puzzle->addAction(OpenSolveAct);
     QMenu *construct = puzzle->addMenu(QStringLiteral("&Construct"));
     construct->addAction(ConstructOpenAct);
@@ -195,20 +202,43 @@ void TXwdMainForm::createMenus()
     puzzle->addAction(SaveAct);
     puzzle->addAction(SavePuzzleAsAct);
     puzzle->addAction(CopyGridAsAct);
+    puzzle->addSeparator();
+    addMenu(puzzle, nullptr, "ExportMenu", QStringLiteral("&Export"));
+    addMenu(puzzle, nullptr, "ClipboardMenu", QStringLiteral("Copy to C&lipboard"));
     historySeparator_ = puzzle->addSeparator();
     historySeparator_->setVisible(false);
     puzzle->addActions({History1Act, History2Act, History3Act});
     puzzle->addSeparator();
     puzzle->addAction(ExitAct);
 
-    QMenu *options = menuBar()->addMenu(QStringLiteral("&Options"));
-    options->setObjectName(QStringLiteral("OptionsMenu"));
+    QMenu *options = addMenu(nullptr, menuBar(), "OptionsMenu", QStringLiteral("&Options"));
     options->addAction(ScorePuzzleAct);
     options->addAction(ClockAct);
     options->addSeparator();
     options->addAction(RevertToSavedAct);
     options->addAction(ShowGuidesAct);
     options->addAction(AutoArrangeAct);
+    options->addSeparator();
+
+    addMenu(nullptr, menuBar(), "GridMenu", QStringLiteral("&Grid"));
+    addMenu(nullptr, menuBar(), "TransformMenu", QStringLiteral("&Transform"));
+    addMenu(nullptr, menuBar(), "ToolsMenu", QStringLiteral("T&ools"));
+    addMenu(nullptr, menuBar(), "HelpMenu", QStringLiteral("&Help"));
+}
+
+QMenu *TXwdMainForm::Menu(const QString &objectName) const
+{
+    return findChild<QMenu *>(objectName);
+}
+
+void TXwdMainForm::hideEmptyMenus()
+{
+    for (QMenu *menu : findChildren<QMenu *>()) {
+        const QList<QAction *> actions = menu->actions();
+        const bool any = std::any_of(actions.begin(), actions.end(),
+                                     [](QAction *a) { return a->isVisible() && !a->isSeparator(); });
+        menu->menuAction()->setVisible(any);
+    }
 }
 
 void TXwdMainForm::createToolPanel()
@@ -340,6 +370,8 @@ void TXwdMainForm::updateActions()
         const bool showHint = button->isEnabled() || (button == SymmetryBtn && constructing);
         button->setToolTip(showHint ? hint : QString());
     }
+    emit ActionsUpdated();
+    hideEmptyMenus();
 }
 
 void TXwdMainForm::FormShow(const QStringList &arguments)

@@ -67,6 +67,18 @@ public:
     // The smallest size the window may take once a puzzle is open.
     QSize MinimumFittedSize() const;
 
+    // The menus every subsystem adds its commands to, by object name: "PuzzleMenu",
+    // "ExportMenu" and "ClipboardMenu" (under Puzzle), "OptionsMenu", "TransformMenu",
+    // "GridMenu", "ToolsMenu", "HelpMenu". A menu with no visible command hides itself.
+    QMenu *Menu(const QString &objectName) const;
+    bool IsPuzzleOpen() const { return puzzleOpen_; }
+
+signals:
+    // After every change of mode or puzzle: subsystems set their commands' state here.
+    void ActionsUpdated();
+
+public:
+
     // Actions, by the names the menus, buttons and tests know them by.
     QAction *OpenSolveAct = nullptr;
     QAction *ConstructOpenAct = nullptr;
@@ -116,6 +128,8 @@ private:
     // Reads a puzzle; false when it is not one.
     bool tryOpen(const QString &path);
     void showSaving();
+
+    void hideEmptyMenus();
 
     QMenu *historySeparatorHolder_ = nullptr;
     QAction *historySeparator_ = nullptr;

@@ -1,7 +1,6 @@
 // quillmark-cli: the puzzle core without windows, for scripts and batch work.
 
 #include "cli.h"
-#include "settings/txwdprocs.h"
 
 #include <QCoreApplication>
 
@@ -53,8 +52,5 @@ int main(int argc, char *argv[])
     } catch (const TCliError &e) {
         err << "quillmark-cli: " << e.Message << '\n';
         return e.Code;
-    } catch (const TSettingsError &e) {
-        err << "quillmark-cli: " << e.what() << '\n';
-        return ExitUsage;
     }
 }

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QtGlobal>
 
 #include <cstdint>
 
@@ -14,6 +15,13 @@ constexpr int MaxClueLength = 80;
 constexpr int MaxBylineLength = 60;
 constexpr uint8_t BlockChar = 219;
 constexpr uint8_t OpenChar = 32;  // a white square whose letter is left open, shown "?"
+
+// The sides the program makes puzzles with: odd, 11 to 23. A record with any other size
+// is not one of ours, whatever its length.
+constexpr bool IsPuzzleSize(int size)
+{
+    return size >= 11 && size <= MaxGrid && size % 2 == 1;
+}
 
 enum class Direction : char { Across = 'a', Down = 'd' };
 
@@ -48,7 +56,11 @@ struct TGridArray {
     T Data[MaxGrid * MaxGrid] = {};
 
     static bool inRange(int c, int r) { return c >= 1 && c <= MaxGrid && r >= 1 && r <= MaxGrid; }
-    T &operator()(int c, int r) { return Data[(c - 1) * MaxGrid + (r - 1)]; }
+    T &operator()(int c, int r)
+    {
+        Q_ASSERT_X(inRange(c, r), "TGridArray", "a square outside the 23 x 23 array");
+        return Data[(c - 1) * MaxGrid + (r - 1)];
+    }
     // Reads outside the array (the start tests look one square past the edge) give T{}.
     T operator()(int c, int r) const { return inRange(c, r) ? Data[(c - 1) * MaxGrid + (r - 1)] : T{}; }
 };

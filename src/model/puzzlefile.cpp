@@ -97,15 +97,31 @@ QByteArray decodeShortText(const Reader &in, int at, int width)
     return text;
 }
 
-QByteArray readHead(const QString &path, int size)
+// The file's first bytes, up to one current record; what is shorter is the whole file.
+QByteArray readHead(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw TPuzzleIOError(QStringLiteral("Cannot open %1: %2").arg(path, file.errorString()).toStdString());
-    const QByteArray bytes = file.read(size);
-    if (bytes.size() < size)
-        throw TPuzzleIOError(QStringLiteral("%1 is too short to be a puzzle").arg(path).toStdString());
+    return file.read(PuzzleFileSize);
+}
+
+// Only a file of exactly the old length is an old puzzle: one between the two lengths is
+// a current file cut short, and converting it would overwrite what is left of it.
+QByteArray readVersion5(const QString &path)
+{
+    const QByteArray bytes = readHead(path);
+    if (bytes.size() != PuzzleFile5Size)
+        throw TPuzzleIOError(QStringLiteral("%1 is not a puzzle of either length").arg(path).toStdString());
     return bytes;
+}
+
+int16_t checkedSize(const Reader &in)
+{
+    const int16_t size = int16_t(in.u16(0));
+    if (!IsPuzzleSize(size))
+        throw TPuzzleIOError(QStringLiteral("A grid of %1 squares is not a puzzle").arg(size).toStdString());
+    return size;
 }
 
 }  // namespace
@@ -126,6 +142,7 @@ TPuzzle DecodePuzzle(const QByteArray &bytes)
     if (bytes.size() < PuzzleFileSize)
         throw TPuzzleIOError("The file is too short to be a puzzle");
     const Reader in(bytes);
+    checkedSize(in);
     TPuzzle p;
     decodeGrid(in, p);
     for (int k = 0; k < ClueSlots; ++k)
@@ -153,7 +170,7 @@ TPuzzle ConvertPuzzle5(const QByteArray &bytes)
         throw TPuzzleIOError("The file is too short to be a puzzle");
     const Reader in(bytes);
     TPuzzle p;
-    p.ClearPuzzle(int16_t(in.u16(0)), 'N', {}, 0);
+    p.ClearPuzzle(checkedSize(in), 'N', {}, 0);
     decodeGrid(in, p);
     for (int k = 0; k < Clue5Slots; ++k)
         p.Clues[k].setText(decodeShortText(in, CluesOffset + k * (Clue5Length + 1), Clue5Length));
@@ -176,27 +193,30 @@ TPuzzle ConvertPuzzle5(const QByteArray &bytes)
 TLoadedPuzzle LoadPuzzleFile(const QString &path)
 {
     try {
-        return {DecodePuzzle(readHead(path, PuzzleFileSize)), PuzzleFormat::Current};
+        return {DecodePuzzle(readHead(path)), PuzzleFormat::Current};
     } catch (const TPuzzleIOError &) {
-        return {ConvertPuzzle5(readHead(path, PuzzleFile5Size)), PuzzleFormat::Version5};
+        return {ConvertPuzzle5(readVersion5(path)), PuzzleFormat::Version5};
     }
 }
 
 void WriteFileAtomically(const QString &path, const QByteArray &bytes)
 {
     QSaveFile file(path);
+    // A read-only folder cannot take the temporary file; a writable file in it is then
+    // written in place rather than not at all.
+    file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
         throw TPuzzleIOError(QStringLiteral("Cannot write %1: %2").arg(path, file.errorString()).toStdString());
 }
 
 void ReadPuzzle(const QString &path)
 {
-    Puzzle = DecodePuzzle(readHead(path, PuzzleFileSize));
+    Puzzle = DecodePuzzle(readHead(path));
 }
 
 void ReadPuzzle5(const QString &path)
 {
-    const TPuzzle converted = ConvertPuzzle5(readHead(path, PuzzleFile5Size));
+    const TPuzzle converted = ConvertPuzzle5(readVersion5(path));
     WriteFileAtomically(path, EncodePuzzle(converted));
     Puzzle = converted;
     PuzzleChanged = false;

@@ -21,10 +21,12 @@ public:
 
 // Pure conversions between a record and its bytes.
 QByteArray EncodePuzzle(const TPuzzle &p);
-TPuzzle DecodePuzzle(const QByteArray &bytes);  // at least 17818 bytes; extra bytes ignored
+// At least 17818 bytes, extra bytes ignored; throws unless the size is one the program
+// makes (IsPuzzleSize), so no field is ever read past the grid's 23 squares.
+TPuzzle DecodePuzzle(const QByteArray &bytes);
 QByteArray EncodePuzzle5(const TPuzzle &p);
-// The version-5 record converted to the current one; throws when its byline field
-// marks a language that is not a digit.
+// The version-5 record converted to the current one; throws when its size is not one the
+// program makes or its byline field marks a language that is not a digit.
 TPuzzle ConvertPuzzle5(const QByteArray &bytes);
 
 enum class PuzzleFormat { Version5 = 5, Current = 6 };
@@ -41,7 +43,8 @@ TLoadedPuzzle LoadPuzzleFile(const QString &path);
 // The operations on the one Puzzle. Every failure throws TPuzzleIOError, and a failed
 // read leaves Puzzle as it was.
 void ReadPuzzle(const QString &path);
-// Converts a version-5 file and rewrites it in the current version at once.
+// Converts a file of exactly the version-5 length and rewrites it in the current version
+// at once; a file of any other length is refused and left as it is.
 void ReadPuzzle5(const QString &path);
 // Atomic: an interrupted or failed write leaves the old file whole. Clears PuzzleChanged.
 void WritePuzzle(const QString &path);

@@ -15,7 +15,8 @@ TFontSetting ReadFontSetting(const QString &prefix, const TFontDefaults &default
 {
     TFontSetting setting;
     setting.Font.setFamily(ReadText(prefix + QStringLiteral("FontName"), defaults.Name));
-    setting.Font.setPointSize(std::max(1, ReadInt(prefix + QStringLiteral("FontSize"), defaults.Size)));
+    const int size = ReadInt(prefix + QStringLiteral("FontSize"), defaults.Size);
+    setting.Font.setPointSize(size >= 1 ? size : defaults.Size);
     ApplyFontStyle(setting.Font, ReadInt(prefix + QStringLiteral("FontStyle"), defaults.Style));
     setting.Color = ReadColorSetting(prefix + QStringLiteral("FontColor"), defaults.Color);
     return setting;

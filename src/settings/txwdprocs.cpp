@@ -67,12 +67,12 @@ QVariant ReadSetting(const QString &name, const QVariant &defaultValue)
     if (holdsText(defaultValue))
         return storedText(stored);
     if (holdsInteger(defaultValue)) {
+        // A value that is not a whole number (edited by hand, or left by another program)
+        // must not keep the program from starting: it reads as never written.
         bool ok = false;
         const int value = storedText(stored).trimmed().toInt(&ok);
         if (!ok)
-            throw TSettingsError(QStringLiteral("The setting %1 holds \"%2\", which is not a whole number.")
-                                     .arg(name, storedText(stored))
-                                     .toStdString());
+            return defaultValue;
         return value;
     }
     return defaultValue;

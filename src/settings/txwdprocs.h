@@ -7,19 +7,12 @@
 #include <QTimer>
 #include <QVariant>
 
-#include <stdexcept>
-
 constexpr auto DefaultSettingsPath = "Software\\Quillmark32\\Quillmark6Demo";
 constexpr auto ToolsSettingsPath = "Software\\Quillmark32\\Tools";
 
-// A stored value that cannot be read with the default's type.
-class TSettingsError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
-
 // The value of `name`, read as text when `defaultValue` holds text and as an integer when
-// it holds an integer; `defaultValue` itself when the value was never written.
+// it holds an integer; `defaultValue` itself when the value was never written or is no
+// whole number where one is expected.
 QVariant ReadSetting(const QString &name, const QVariant &defaultValue);
 // Text is stored as text, integers as integers; any other type writes nothing.
 void WriteSetting(const QString &name, const QVariant &value);

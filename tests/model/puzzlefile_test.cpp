@@ -50,7 +50,9 @@ private:
 
 TEST(CurrentFormat, RoundTripsEveryByteAndIsLittleEndian)
 {
-    const QByteArray bytes = noise(PuzzleFileSize);
+    QByteArray bytes = noise(PuzzleFileSize);
+    bytes[0] = 15;
+    bytes[1] = 0;
     EXPECT_EQ(EncodePuzzle(DecodePuzzle(bytes)), bytes);
 
     TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
@@ -142,20 +144,43 @@ TEST(OpenPuzzleFile, ConvertsAVersion5FileOnDisk)
     EXPECT_EQ(LoadPuzzleFile(path).Format, PuzzleFormat::Current);
 }
 
-TEST(OpenPuzzleFile, RefusesShortAndBrokenFilesAndLeavesThemUntouched)
+// Whatever is refused leaves both the file and the open puzzle as they were.
+TEST(OpenPuzzleFile, RefusesWhatTheProgramDoesNotMakeAndTouchesNothing)
 {
     TScratchDir dir;
-    const QByteArray shortBytes = noise(PuzzleFile5Size - 1);
-    ASSERT_TRUE(WriteFileBytes(dir.path("short.xwd"), shortBytes));
-    EXPECT_THROW(OpenPuzzleFile(dir.path("short.xwd")), TPuzzleIOError);
-    EXPECT_EQ(ReadFileBytes(dir.path("short.xwd")), shortBytes);
+    Puzzle = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    const QByteArray open = EncodePuzzle(Puzzle);
+    const auto expectRefused = [&](const QString &name, const QByteArray &bytes) {
+        SCOPED_TRACE(name.toStdString());
+        const QString path = dir.path(name);
+        ASSERT_TRUE(WriteFileBytes(path, bytes));
+        EXPECT_THROW(OpenPuzzleFile(path), TPuzzleIOError);
+        EXPECT_THROW(LoadPuzzleFile(path), TPuzzleIOError);
+        EXPECT_EQ(ReadFileBytes(path), bytes);
+        EXPECT_EQ(EncodePuzzle(Puzzle), open);
+    };
 
-    TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
-    p.Byline.setText(QByteArray(59, 'b'));
-    const QByteArray broken = EncodePuzzle5(p);
-    ASSERT_TRUE(WriteFileBytes(dir.path("broken.xwd"), broken));
-    EXPECT_THROW(OpenPuzzleFile(dir.path("broken.xwd")), TPuzzleIOError);
-    EXPECT_EQ(ReadFileBytes(dir.path("broken.xwd")), broken);
+    // Sizes that overran the 23 x 23 arrays or made grids the program never draws.
+    for (const int size : {0, -1, 9, 12, 24, 25, 3000, 32767}) {
+        TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
+        p.Size = int16_t(size);
+        expectRefused(QStringLiteral("size%1.xwd").arg(size), EncodePuzzle(p));
+        expectRefused(QStringLiteral("size%1-v5.xwd").arg(size), EncodePuzzle5(p));
+    }
+    expectRefused(QStringLiteral("cut.xwd"), open.left(16000));
+    expectRefused(QStringLiteral("short.xwd"), noise(PuzzleFile5Size - 1));
+    expectRefused(QStringLiteral("picture.xwd"), QByteArray("\x89PNG\r\n\x1a\n") + noise(PuzzleFileSize));
+    TPuzzle broken = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    broken.Byline.setText(QByteArray(59, 'b'));
+    expectRefused(QStringLiteral("no-language-digit.xwd"), EncodePuzzle5(broken));
+
+    for (int size = 11; size <= 23; size += 2) {
+        TPuzzle p;
+        p.ClearPuzzle(size, 'N', {}, 0);
+        ASSERT_TRUE(WriteFileBytes(dir.path("ok.xwd"), EncodePuzzle(p)));
+        OpenPuzzleFile(dir.path("ok.xwd"));
+        EXPECT_EQ(Puzzle.Size, size);
+    }
 }
 
 TEST(WritePuzzle, ReplacesAFileWholeOrReportsAndKeepsTheOld)

@@ -1,6 +1,4 @@
 #include "settings/colors.h"
-#include "settings/txwdprocs.h"
-#include "testsupport.h"
 
 #include <gtest/gtest.h>
 
@@ -41,15 +39,4 @@ TEST(ColorSettings, WritingPrefersTheIdentifier)
         EXPECT_EQ(ColorFromSetting(ColorToSetting(c)), c) << ColorToSetting(c).toStdString();
     EXPECT_EQ(ColorRef(QColor(255, 0, 0)), 0x0000FFu);
     EXPECT_EQ(ColorFromRef(0xFF0000), QColor(0, 0, 255));
-}
-
-TEST(ColorSettings, AnUnreadableSettingFallsBackToTheDefault)
-{
-    ResetSettings();
-    EXPECT_EQ(ReadColorSetting(QStringLiteral("HiliteSqColor"), QStringLiteral("clYellow")), QColor(255, 255, 0));
-    WriteSetting(QStringLiteral("HiliteSqColor"), QStringLiteral("$00C0DCC0"));
-    EXPECT_EQ(ReadColorSetting(QStringLiteral("HiliteSqColor"), QStringLiteral("clYellow")), QColor(0xC0, 0xDC, 0xC0));
-    WriteSetting(QStringLiteral("HiliteSqColor"), QStringLiteral("nonsense"));
-    EXPECT_EQ(ReadColorSetting(QStringLiteral("HiliteSqColor"), QStringLiteral("clYellow")), QColor(255, 255, 0));
-    ResetSettings();
 }

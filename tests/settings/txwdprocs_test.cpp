@@ -1,3 +1,5 @@
+#include "settings/colors.h"
+#include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
 #include "testsupport.h"
 
@@ -39,10 +41,29 @@ TEST_F(SettingsStore, ValuesReadBackWithTheDefaultsType)
     EXPECT_EQ(ReadInt(QStringLiteral("Other"), 7), 7);
 }
 
-TEST_F(SettingsStore, ATextWhereAnIntegerIsExpectedIsAnError)
+// A hand-edited file must never keep the program from starting: every reader falls back.
+TEST_F(SettingsStore, GarbageReadsAsTheDefaultInEveryReader)
 {
-    WriteSetting(QStringLiteral("FontSize"), QStringLiteral("large"));
-    EXPECT_THROW(ReadSetting(QStringLiteral("FontSize"), 11), TSettingsError);
+    for (const char *name : {"PlaySounds", "StatusFontSize", "StatusFontStyle", "ScreenSquare"})
+        WriteSetting(QString::fromLatin1(name), QStringLiteral("big"));
+    WriteSetting(QStringLiteral("StatusFontColor"), QStringLiteral("nonsense"));
+    WriteSetting(QStringLiteral("HiliteSqColor"), QStringLiteral("$GG"));
+
+    const QVariant sounds = ReadSetting(QStringLiteral("PlaySounds"), 1);
+    EXPECT_EQ(sounds.typeId(), QMetaType::Int);
+    EXPECT_EQ(sounds.toInt(), 1);
+    EXPECT_EQ(ReadInt(QStringLiteral("ScreenSquare"), 31), 31);
+    EXPECT_EQ(ReadColorSetting(QStringLiteral("HiliteSqColor"), QStringLiteral("clYellow")), QColor(255, 255, 0));
+
+    const TFontSetting status =
+        ReadFontSetting(QStringLiteral("Status"), {QStringLiteral("Times New Roman"), 11, 1, QStringLiteral("clNavy")});
+    EXPECT_EQ(status.Font.pointSize(), 11);
+    EXPECT_TRUE(status.Font.bold());
+    EXPECT_EQ(status.Color, QColor(0, 0, 128));
+
+    WriteSetting(QStringLiteral("StatusFontSize"), -4);
+    EXPECT_EQ(ReadFontSetting(QStringLiteral("Status"), {QStringLiteral("Arial"), 11}).Font.pointSize(), 11)
+        << "a size below one point is no size";
 }
 
 TEST_F(SettingsStore, BoundsAreFourNumbersJoinedByCommas)

@@ -236,9 +236,11 @@ void TGridEditor::RestoreHighlight()
     HighlightWord(CursorPos, ColorFromRef(RestoreColorRef));
 }
 
-QColor TGridEditor::HighlightColor() const
+QColor TGridEditor::TakeHighlightColor()
 {
-    return fixedHighlight_.value_or(HiliteSqColor);
+    const QColor colour = fixedHighlight_.value_or(HiliteSqColor);
+    fixedHighlight_.reset();
+    return colour;
 }
 
 void TGridEditor::SetHighlightColor(const QColor &colour)

@@ -70,9 +70,9 @@ public:
     // HighlightWord at the cursor with the restore colour.
     void RestoreHighlight();
 
-    // The colour the current word is shown in: HiliteSqColor unless a fixed colour was set,
-    // which lasts until the next click.
-    QColor HighlightColor() const;
+    // The colour the current word is shown in this time: a fixed colour (a clue-list pick's
+    // yellow) is shown once, and every later paint uses HiliteSqColor.
+    QColor TakeHighlightColor();
     void SetHighlightColor(const QColor &colour);
     // The squares shown highlighted: from the cursor to the end of its word; none without
     // a current word.

@@ -14,7 +14,7 @@ class TScriptedDialogs : public TDialogs {
 public:
     QStringList Errors;
     QStringList Informations;
-    QStringList Questions;
+    QStringList Questions;  // each with its buttons, and "!" before a warning
     QList<TFileRequest> FileRequests;
 
     QList<TAnswer> Answers;              // answered in order; Yes when the script runs out
@@ -26,6 +26,10 @@ public:
     {
         Questions.append(text + (withCancel ? QStringLiteral(" [YNC]") : QStringLiteral(" [YN]")));
         return Answers.isEmpty() ? TAnswer::Yes : Answers.takeFirst();
+    }
+    TAnswer AskWarning(QWidget *parent, const QString &text, bool withCancel) override
+    {
+        return Ask(parent, QStringLiteral("!") + text, withCancel);
     }
     std::optional<TFileChoice> ChooseFile(QWidget *, const TFileRequest &request) override
     {

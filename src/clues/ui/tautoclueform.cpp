@@ -17,6 +17,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QStyle>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -306,7 +307,8 @@ void TAutoclueForm::ShowCurrentWord(char dir)
     DefEdit->end(false);
 
     const QByteArray word = Puzzle.GetWord(Walk.WalkCol, Walk.WalkRow, dir);
-    ClueLbl->setText(FromCp1252(word));
+    // An empty square is a zero byte in the word; it shows as a gap, not as a box glyph.
+    ClueLbl->setText(FromCp1252(QByteArray(word).replace('\0', ' ')));
     ClueLbl->adjustSize();
     if (ShowCounts) {
         CountLbl->setText(QStringLiteral("(%1)").arg(word.size()));
@@ -414,7 +416,7 @@ void AutoclueBtnClick(QWidget *parent)
 {
     if (!Puzzle.IsGridFull()) {
         PlayQuestionSound();
-        if (Dialogs().Ask(parent, QString::fromLatin1(AutoclueQuestion), false) != TAnswer::Yes)
+        if (Dialogs().AskWarning(parent, QString::fromLatin1(AutoclueQuestion), false) != TAnswer::Yes)
             return;
     }
     if (!AutoclueForm)
@@ -426,6 +428,15 @@ void AutoclueBtnClick(QWidget *parent)
 
 void MoveAutoclueToGrid()
 {
-    if (AutoclueForm && AutoclueForm->isVisible())
-        AutoclueForm->MoveToGridWord();
+    if (!AutoclueForm || !AutoclueForm->isVisible())
+        return;
+    AutoclueForm->MoveToGridWord();
+    // The user picked the word to write its clue: typing goes to the clue box, not over the
+    // grid's letters. Once the click is over, or the window system would hand the grid the
+    // activation back.
+    QTimer::singleShot(0, AutoclueForm, [] {
+        AutoclueForm->raise();
+        AutoclueForm->activateWindow();
+        AutoclueForm->DefEdit->setFocus();
+    });
 }

@@ -90,5 +90,6 @@ extern TAutoclueForm *AutoclueForm;
 // The main window's AutoclueBtn: on a grid with empty squares, asks first; then shows the
 // Autoclue window.
 void AutoclueBtnClick(QWidget *parent);
-// A click on a grid word while Autoclue is showing moves it there.
+// A grid word picked by a click or an arrow while Autoclue is showing: Autoclue moves to it
+// and takes the keyboard.
 void MoveAutoclueToGrid();

@@ -26,10 +26,21 @@ public:
 
     TAnswer Ask(QWidget *parent, const QString &text, bool withCancel) override
     {
+        return ask(QMessageBox::Question, parent, text, withCancel);
+    }
+
+    TAnswer AskWarning(QWidget *parent, const QString &text, bool withCancel) override
+    {
+        return ask(QMessageBox::Warning, parent, text, withCancel);
+    }
+
+    static TAnswer ask(QMessageBox::Icon icon, QWidget *parent, const QString &text, bool withCancel)
+    {
         QMessageBox::StandardButtons buttons = QMessageBox::Yes | QMessageBox::No;
         if (withCancel)
             buttons |= QMessageBox::Cancel;
-        switch (QMessageBox::question(parent, caption(), text, buttons)) {
+        QMessageBox box(icon, caption(), text, buttons, parent);
+        switch (box.exec()) {
         case QMessageBox::Yes: return TAnswer::Yes;
         case QMessageBox::No: return TAnswer::No;
         default: return withCancel ? TAnswer::Cancel : TAnswer::No;

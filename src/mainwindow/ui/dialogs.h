@@ -37,6 +37,8 @@ public:
     virtual void Inform(QWidget *parent, const QString &text) = 0;
     // A question with Yes and No, and Cancel when `withCancel`.
     virtual TAnswer Ask(QWidget *parent, const QString &text, bool withCancel) = 0;
+    // The same with the warning icon, for a question that warns of a risk.
+    virtual TAnswer AskWarning(QWidget *parent, const QString &text, bool withCancel) = 0;
     // The chosen file, or nothing when cancelled.
     virtual std::optional<TFileChoice> ChooseFile(QWidget *parent, const TFileRequest &request) = 0;
     virtual std::optional<QFont> ChooseFont(QWidget *parent, const QFont &initial) = 0;

@@ -157,7 +157,8 @@ void TXwdGridForm::FormShow()
     readAppearance();
     Editor.LoadGridCharSet();
     Editor.Cheated = false;
-    SquareSize = std::max(1, ReadInt(QStringLiteral("ScreenSquare"), maxSquareSize()));
+    const int square = ReadInt(QStringLiteral("ScreenSquare"), maxSquareSize());
+    SquareSize = square >= 1 ? square : maxSquareSize();
     applyFontSize();
     ArrangeFromSettings();
     // The caller captioned the window with the file name: show it without its extension.
@@ -210,7 +211,7 @@ void TXwdGridForm::FormPaint(QPainter &painter)
     for (int r = 1; r <= Puzzle.Size; ++r)
         for (int c = 1; c <= Puzzle.Size; ++c)
             PaintCell(painter, c, r, BlankSqColor);
-    const QColor highlight = Editor.HighlightColor();
+    const QColor highlight = Editor.TakeHighlightColor();
     for (const QPoint &square : Editor.HighlightedSquares())
         if (Puzzle.inGrid(square.x(), square.y()))
             PaintCell(painter, square.x(), square.y(), highlight);
@@ -382,6 +383,9 @@ bool TXwdGridForm::FormKeyDown(int key)
     }
     endOverlays();
     report(Editor.KeyDown(gridKey));
+    // An arrow picks a word as a click does, and a clue being written follows it.
+    if (gridKey != TGridKey::Delete && Editor.WordDirection != 0)
+        MoveAutoclueToGrid();
     update();
     return true;
 }

@@ -77,12 +77,15 @@ private slots:
         AutoclueBtnClick(program->MainForm);
         QVERIFY(!form->isVisible());
         QCOMPARE((*dialogs)->Questions,
-                 QStringList{QStringLiteral("Running Autoclue before completing puzzle is not recommended. "
+                 QStringList{QStringLiteral("!Running Autoclue before completing puzzle is not recommended. "
                                             "Start Autoclue anyway? [YN]")});
         QCOMPARE(sounds(), QList<int>{1});
         (*dialogs)->Answers = {TAnswer::Yes};
         openAutoclue();
         QCOMPARE(shown(), QStringLiteral("1  Across ABC"));
+        for (int i = 0; i < 3; ++i)
+            form->NextBtn->click();
+        QCOMPARE(shown(), QStringLiteral("3  Down CG OS"));  // an empty square shows as a blank
 
         // Closing keeps the bounds for the next showing.
         form->move(40, 60);
@@ -145,10 +148,21 @@ private slots:
         openAutoclue();  // on the earlier word with the same letters
         QCOMPARE(shown(), QStringLiteral("1  Across AB"));
 
-        // A grid click moves the open window to the clicked word.
+        // A grid click moves the open window to the clicked word, and what is typed next is
+        // its clue, not letters over the grid.
         QTest::mouseClick(grid, Qt::RightButton, Qt::NoModifier, CellTopLeft(5, 1) + QPoint(4, 6));
-        MoveAutoclueToGrid();
         QCOMPARE(shown(), QStringLiteral("3  Down XYBWZ"));
+        QTRY_COMPARE(QApplication::focusWidget(), form->DefEdit);
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Vowels"));
+        QCOMPARE(Puzzle.clue(Puzzle.slotAt(5, 1, Direction::Down)), QByteArray("Vowels"));
+        QCOMPARE(Puzzle.GetWord(5, 1, 'd'), QByteArray("XYBWZ"));
+
+        // An arrow in the grid picks a word as a click does.
+        grid->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(grid));
+        QTest::keyClick(grid, Qt::Key_Left);
+        QCOMPARE(shown(), QStringLiteral("2  Across CX"));
+        QTRY_COMPARE(QApplication::focusWidget(), form->DefEdit);
     }
 
     void theSettingsMoveToTheAutoclueKey()

@@ -6,7 +6,6 @@ int main(int argc, char *argv[])
 {
     TQuillmarkApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quillmark"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Quillmark"));
     TProgram program;
     program.Start(app.arguments().mid(1));
     return app.exec();

@@ -51,6 +51,7 @@ const QString CopyGridFilter = QStringLiteral("Quillmark Crossword Puzzle|*.xwd"
 const QString CorruptMessage = QStringLiteral("Puzzle not in Quillmark format or is corrupt.");
 const QString ForeignMessage = QStringLiteral("Not a valid Quillmark puzzle.");
 const QString ChangedQuestion = QStringLiteral("Puzzle has changed. Save current changes?");
+const QString GoOnQuestion = QStringLiteral("The changes to the puzzle were not saved. Go on without saving them?");
 const QString HideGuides = QStringLiteral("&Hide Guidelines");
 const QString ShowGuides = QStringLiteral("S&how Guidelines");
 const QString ClockOn = QStringLiteral("&Clock On");
@@ -403,7 +404,8 @@ void TXwdMainForm::OpenFromCommandLine(const QStringList &arguments)
 {
     if (arguments.isEmpty())
         return;
-    CurrentPuzzlePath = arguments.at(0);
+    // Absolute, so that the history still finds it from another working folder.
+    CurrentPuzzlePath = QFileInfo(arguments.at(0)).absoluteFilePath();
     if (!tryOpen(CurrentPuzzlePath)) {
         ShowPuzzleError(CorruptMessage);
         CurrentPuzzlePath.clear();
@@ -576,8 +578,20 @@ bool TXwdMainForm::SaveChangesQuery()
             break;
         }
     }
-    // A failed save must not let the caller throw the changes away.
-    return WritePuzzleOrReport(CurrentPuzzlePath);
+    return SaveOrGoOn();
+}
+
+bool TXwdMainForm::SaveOrGoOn()
+{
+    if (WritePuzzleOrReport(CurrentPuzzlePath))
+        return true;
+    // The user has been told why; the changes are dropped only when they say so, and a
+    // folder that has become read-only does not trap them in the program.
+    PlayQuestionSound();
+    if (Dialogs().AskWarning(this, GoOnQuestion, false) != TAnswer::Yes)
+        return false;
+    PuzzleChanged = false;
+    return true;
 }
 
 void TXwdMainForm::HistoryClick(int k)
@@ -756,9 +770,9 @@ void TXwdMainForm::ShowSolvingClue(int slot)
     if (!CluesForm)
         return;
     CluesForm->SelectSlot(slot);
-    if (slot <= 0)
-        return;
-    DataMemo->setPlainText(CluesForm->CurrentLine());
+    // A word without a clue slot still names its direction; the status text stays empty.
+    if (slot > 0)
+        DataMemo->setPlainText(CluesForm->CurrentLine());
     const bool across = XwdGridForm && XwdGridForm->Editor.WordDirection == 1;
     ModeLabel->setText(across ? QStringLiteral("Across Clue") : QStringLiteral("Down Clue"));
 }
@@ -892,7 +906,7 @@ void TXwdMainForm::closeEvent(QCloseEvent *event)
         if (answer == TAnswer::No)
             PuzzleChanged = false;
     }
-    if (PuzzleChanged && !WritePuzzleOrReport(CurrentPuzzlePath)) {
+    if (PuzzleChanged && !SaveOrGoOn()) {
         event->ignore();
         return;
     }

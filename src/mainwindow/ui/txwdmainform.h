@@ -54,6 +54,9 @@ public:
 
     // False when the user cancels.
     bool SaveChangesQuery();
+    // Writes the puzzle; when that fails, tells why and asks whether to go on without
+    // saving. False when the user stays.
+    bool SaveOrGoOn();
     void PuzzleOpened();
     void RebuildHistory();
 

@@ -11,9 +11,12 @@
 #include "settings/txwdprocs.h"
 #include "uitestmain.h"
 #include "views/ui/tcluesform.h"
+#include "views/gridgeometry.h"
 #include "views/ui/txwdgridform.h"
 
 #include <QAction>
+#include <QDir>
+#include <QFileInfo>
 #include <QFile>
 #include <QLabel>
 #include <QMenu>
@@ -142,19 +145,28 @@ private slots:
         QVERIFY(!QFile::exists(dir->path("copy.doc")));
     }
 
-    void aCorruptFileKeepsThePreviousPuzzle()
+    void aWrongFileKeepsThePreviousPuzzle()
     {
         const QString good = makePuzzle("good.xwd");
         open(good, false);
-        QCOMPARE(Puzzle.GetWord(1, 1, 'a'), QByteArray("CAT"));
-
-        QVERIFY(WriteFileBytes(dir->path("bad.xwd"), QByteArray(500, 'x')));
-        open(dir->path("bad.xwd"), true);
-        QCOMPARE((*dialogs)->Errors, QStringList{"Puzzle not in Quillmark format or is corrupt."});
-        QCOMPARE(CurrentPuzzlePath, good);
-        QCOMPARE(int(PuzzleMode), int(ConstructMode));
-        QCOMPARE(Puzzle.GetWord(1, 1, 'a'), QByteArray("CAT"));
-        QCOMPARE(ReadFileBytes(dir->path("bad.xwd")), QByteArray(500, 'x'));
+        TPuzzle oversized = PuzzleFromText(QString::fromUtf8(Clued));
+        oversized.Size = 3000;
+        const QList<std::pair<const char *, QByteArray>> wrong = {
+            {"short.xwd", QByteArray(500, 'x')},
+            {"picture.xwd", QByteArray("\x89PNG\r\n\x1a\n").leftJustified(PuzzleFileSize + 99, '\xff')},
+            {"oversized.xwd", EncodePuzzle(oversized)},
+            {"cut.xwd", ReadFileBytes(good).left(16000)},
+        };
+        for (const auto &[name, bytes] : wrong) {
+            QVERIFY(WriteFileBytes(dir->path(name), bytes));
+            (*dialogs)->Errors.clear();
+            open(dir->path(name), true);
+            QCOMPARE((*dialogs)->Errors, QStringList{"Puzzle not in Quillmark format or is corrupt."});
+            QCOMPARE(CurrentPuzzlePath, good);
+            QCOMPARE(int(PuzzleMode), int(ConstructMode));
+            QCOMPARE(Puzzle.GetWord(1, 1, 'a'), QByteArray("CAT"));
+            QCOMPARE(ReadFileBytes(dir->path(name)), bytes);
+        }
     }
 
     void aVersion5FileIsConvertedOnDisk()
@@ -169,6 +181,13 @@ private slots:
         QVERIFY(program->CluesForm->isVisible());
         QCOMPARE(main()->Byline->text(), QStringLiteral("by Ann Example"));
         QCOMPARE(main()->ModeLabel->text(), QString());
+
+        // A word without a clue still names its direction on the mode line.
+        TXwdGridForm *grid = program->GridForm;
+        QTest::mouseClick(grid, Qt::LeftButton, {}, CellTopLeft(1, 2) + QPoint(3, 3));
+        QCOMPARE(main()->ModeLabel->text(), QStringLiteral("Across Clue"));
+        QTest::mouseClick(grid, Qt::RightButton, {}, CellTopLeft(1, 2) + QPoint(3, 3));
+        QCOMPARE(main()->ModeLabel->text(), QStringLiteral("Down Clue"));
     }
 
     void historyKeepsThreeEntriesWithTheirModes()
@@ -223,11 +242,30 @@ private slots:
         QCOMPARE(int(PuzzleMode), int(SolveMode));
         QCOMPARE(CurrentPuzzlePath, a);
 
+        // A relative path is kept absolute, so the history finds it from anywhere.
+        const QString cwd = QDir::currentPath();
+        QDir::setCurrent(QFileInfo(a).absolutePath());
         program.reset();
         program = std::make_unique<TProgram>();
-        program->Start({dir->path("missing.xwd")});
+        program->Start({QStringLiteral("alpha.xwd")});
+        QDir::setCurrent(cwd);
+        QCOMPARE(CurrentPuzzlePath, a);
+        QCOMPARE(ReadText("HistoryPuzzle1"), a + " /c");
+
+        // A wrong file or a malformed setting never keeps the program from starting.
+        WriteSetting("PlaySounds", QStringLiteral("abc"));
+        WriteSetting("StatusFontSize", QStringLiteral("big"));
+        TPuzzle oversized = PuzzleFromText(QString::fromUtf8(Clued));
+        oversized.Size = 3000;
+        QVERIFY(WriteFileBytes(dir->path("oversized.xwd"), EncodePuzzle(oversized)));
+        program.reset();
+        program = std::make_unique<TProgram>();
+        program->Start({dir->path("oversized.xwd")});
         QCOMPARE((*dialogs)->Errors, QStringList{"Puzzle not in Quillmark format or is corrupt."});
         QVERIFY(CurrentPuzzlePath.isEmpty());
+        QVERIFY(main()->isVisible());
+        QCOMPARE(main()->DataMemo->font().pointSize(), 11);
+        QCOMPARE(program->SoundFX->Played(), QList<int>{7});  // sounds stay on by default
     }
 
     void saveAsVersion5IsAnExport()
@@ -324,6 +362,15 @@ private slots:
         QVERIFY((*dialogs)->Questions.isEmpty());
         QCOMPARE(DecodePuzzle(ReadFileBytes(a)).Entries(1, 2), uint8_t('R'));
 
+        // A write-fallback keeps the save alive in a folder that takes no new files.
+        QVERIFY(QFile::setPermissions(dir->path(QString()), QFileDevice::ReadOwner | QFileDevice::ExeOwner));
+        PuzzleChanged = true;
+        main()->SaveAct->trigger();
+        QVERIFY(QFile::setPermissions(dir->path(QString()), QFileDevice::ReadOwner | QFileDevice::WriteOwner
+                                                                | QFileDevice::ExeOwner));
+        QVERIFY((*dialogs)->Errors.isEmpty());
+        QVERIFY(!PuzzleChanged);
+
         PuzzleChanged = true;
         (*dialogs)->Answers.append(TAnswer::Cancel);
         QVERIFY(!main()->close());
@@ -334,6 +381,28 @@ private slots:
         (*dialogs)->Answers.append(TAnswer::Yes);
         QVERIFY(main()->close());
         QCOMPARE(DecodePuzzle(ReadFileBytes(b)).Cells(5, 5), uint8_t('W'));
+        QVERIFY(!program->GridForm->isVisible());
+    }
+
+    void aFailedSaveWhileSolvingAsksAndLetsTheUserLeave()
+    {
+        QDir(dir->path(QString())).mkdir("gone");
+        const QString solving = makePuzzle("gone/solving.xwd");
+        open(solving, true);
+        Puzzle.Entries(1, 2) = 'R';
+        PuzzleChanged = true;
+        QVERIFY(QDir(dir->path("gone")).removeRecursively());
+
+        const QString leave = QStringLiteral("!The changes to the puzzle were not saved. Go on without saving them? [YN]");
+        (*dialogs)->Answers = {TAnswer::No};
+        QVERIFY(!main()->close());
+        QCOMPARE((*dialogs)->Errors.size(), 1);
+        QVERIFY((*dialogs)->Errors.first().startsWith("The puzzle could not be saved."));
+        QCOMPARE((*dialogs)->Questions, QStringList{leave});
+        QVERIFY(PuzzleChanged);
+
+        (*dialogs)->Answers = {TAnswer::Yes};
+        QVERIFY(main()->close());
         QVERIFY(!program->GridForm->isVisible());
     }
 

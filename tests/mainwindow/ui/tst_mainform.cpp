@@ -386,14 +386,19 @@ private slots:
 
     void aFailedSaveWhileSolvingAsksAndLetsTheUserLeave()
     {
-        QDir(dir->path(QString())).mkdir("gone");
-        const QString solving = makePuzzle("gone/solving.xwd");
-        open(solving, true);
-        Puzzle.Entries(1, 2) = 'R';
-        PuzzleChanged = true;
-        QVERIFY(QDir(dir->path("gone")).removeRecursively());
-
         const QString leave = QStringLiteral("!The changes to the puzzle were not saved. Go on without saving them? [YN]");
+        const auto solveInVanishingFolder = [this](const QString &folder) {
+            QDir(dir->path(QString())).mkdir(folder);
+            const QString path = makePuzzle(folder + "/solving.xwd");
+            open(path, true);
+            Puzzle.Entries(1, 2) = 'R';
+            PuzzleChanged = true;
+            QDir(dir->path(folder)).removeRecursively();
+            return path;
+        };
+
+        const QString first = solveInVanishingFolder("gone");
+        QVERIFY(!QFile::exists(first));
         (*dialogs)->Answers = {TAnswer::No};
         QVERIFY(!main()->close());
         QCOMPARE((*dialogs)->Errors.size(), 1);
@@ -401,8 +406,17 @@ private slots:
         QCOMPARE((*dialogs)->Questions, QStringList{leave});
         QVERIFY(PuzzleChanged);
 
+        // With the folder back, closing while solving saves without a question.
+        QDir(dir->path(QString())).mkdir("gone");
+        QVERIFY(main()->close());
+        QCOMPARE((*dialogs)->Questions.size(), 1);
+        QCOMPARE(DecodePuzzle(ReadFileBytes(first)).Entries(1, 2), uint8_t('R'));
+
+        main()->show();
+        solveInVanishingFolder("gone too");
         (*dialogs)->Answers = {TAnswer::Yes};
         QVERIFY(main()->close());
+        QCOMPARE((*dialogs)->Questions, QStringList({leave, leave}));
         QVERIFY(!program->GridForm->isVisible());
     }
 

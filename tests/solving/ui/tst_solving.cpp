@@ -3,6 +3,7 @@
 
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/tprogram.h"
+#include "mainwindow/ui/tsoundfx.h"
 #include "mainwindow/ui/txwdmainform.h"
 #include "model/puzzlefile.h"
 #include "model/puzzletext.h"
@@ -72,7 +73,8 @@ private:
         QStringList seen;
         (*dialogs)->DialogScripts.append([&seen, button](QDialog *card) {
             auto *form = qobject_cast<TScoreForm *>(card);
-            seen << form->BannerLbl->text() << (form->CheatLbl->isVisibleTo(form) ? "cheated" : "honest")
+            seen << form->BannerLbl->text() << form->BannerLbl->palette().color(QPalette::WindowText).name()
+                 << (form->CheatLbl->isVisibleTo(form) ? "cheated" : "honest")
                  << (form->ShowErrsBtn->isEnabled() ? "errors" : "no errors")
                  << (form->DeleteBtn->isEnabled() ? "delete" : "no delete");
             if (button)
@@ -114,7 +116,8 @@ private slots:
 
     void oneEmptySquareIsIncorrectAndShowErrorsCrossesIt()
     {
-        QCOMPARE(score("ShowErrsBtn"), (QStringList{"PUZZLE INCORRECT!", "honest", "errors", "no delete"}));
+        QCOMPARE(score("ShowErrsBtn"), (QStringList{"PUZZLE INCORRECT!", "#ff0000", "honest", "errors", "no delete"}));
+        QCOMPARE(program->SoundFX->Played(), QList<int>{3});
         const QImage image = grid()->grab().toImage();
         QVERIFY(redPixels(image, QRect(CellTopLeft(3, 3), QSize(SquareSize, SquareSize))) > 20);
         QCOMPARE(redPixels(image, QRect(CellTopLeft(2, 3), QSize(SquareSize, SquareSize))), 0);
@@ -132,14 +135,14 @@ private slots:
         QTest::keyClick(grid(), Qt::Key_Right);
         QTest::keyClick(grid(), '+');
         QCOMPARE(Puzzle.Entries(3, 3), uint8_t('N'));
-        QCOMPARE(score(), (QStringList{"CONGRATULATIONS!", "cheated", "no errors", "delete"}));
+        QCOMPARE(score(), (QStringList{"CONGRATULATIONS!", "#000080", "cheated", "no errors", "delete"}));
 
         const QString other = dir->path("other.xwd");
         QVERIFY(QFile::copy(path, other));
         openForSolving(other);
         QVERIFY(!grid()->Editor.Cheated);
         solveSquare33();
-        QCOMPARE(score(), (QStringList{"CONGRATULATIONS!", "honest", "no errors", "delete"}));
+        QCOMPARE(score(), (QStringList{"CONGRATULATIONS!", "#000080", "honest", "no errors", "delete"}));
     }
 
     void holdingTheAnswerButtonShowsTheSolutionAndCountsAsCheating()

@@ -136,6 +136,8 @@ private slots:
         QCOMPARE(shot.pixel(CellTopLeft(2, 1) + QPoint(2, 2)), yellow);
         QCOMPARE(shot.pixel(CellTopLeft(2, 15) + QPoint(2, 2)), yellow);
         QVERIFY(shot.pixel(CellTopLeft(3, 1) + QPoint(2, 2)) != yellow);
+        // The yellow is the pick's alone: the next paint shows the highlight colour.
+        QCOMPARE(grid->grab().toImage().pixel(CellTopLeft(2, 15) + QPoint(2, 2)), qRgb(0, 255, 255));
 
         // Letters typed in the list go to the grid's cursor there, and so do "+" (reveal) and
         // Backspace; a space does not.

@@ -20,7 +20,6 @@
 namespace {
 
 constexpr int Side = 30;
-const QRgb White = qRgb(255, 255, 255);
 
 QString OpenGrid(int size)
 {
@@ -162,16 +161,20 @@ private slots:
 
     void highlightCoversTheRestOfTheWord()
     {
+        // The colours come from the settings.
+        WriteSetting(QStringLiteral("BlankSqColor"), QStringLiteral("clCream"));
+        WriteSetting(QStringLiteral("HiliteSqColor"), QStringLiteral("clLime"));
+        const QRgb cream = qRgb(0xFF, 0xFB, 0xF0);
         open(QStringLiteral("size 7\ngrid\n.......\n.....#.\n.......\n.......\n.......\n.......\n.......\n"));
         click(3, 2);
         const QImage image = shot();
         for (int c = 1; c <= 7; ++c)
             for (int r = 1; r <= 7; ++r)
                 if (c != 6 || r != 2)
-                    QVERIFY2(fillOf(image, c, r) == (r == 2 && c >= 3 && c <= 5 ? qRgb(255, 255, 0) : White),
+                    QVERIFY2(fillOf(image, c, r) == (r == 2 && c >= 3 && c <= 5 ? qRgb(0, 255, 0) : cream),
                              qPrintable(QStringLiteral("%1,%2").arg(c).arg(r)));
         click(6, 2);
-        QCOMPARE(fillOf(shot(), 3, 2), White);  // a black square drops the word
+        QCOMPARE(fillOf(shot(), 3, 2), cream);  // a black square drops the word
     }
 
     void guidelinesRunThroughTheMiddleColumnAndRow()

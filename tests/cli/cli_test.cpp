@@ -64,13 +64,8 @@ TEST(Cli, InfoJsonListsEveryWordInSlotOrder)
     const CliRun r = cli({"info", "--json", path});
     ASSERT_EQ(r.code, 0) << r.err.toStdString();
     const QJsonObject o = QJsonDocument::fromJson(r.out.toUtf8()).object();
-    EXPECT_EQ(o["size"].toInt(), 11);
-    EXPECT_EQ(o["blackSquares"].toInt(), 3);
-    EXPECT_EQ(o["wordPar"].toInt(), 40);
-    EXPECT_EQ(o["full"].toBool(true), false);
+    // The figures are the text form's, tested above; here the entries.
     EXPECT_EQ(o["format"].toInt(), 6);
-    EXPECT_EQ(o["language"].toInt(), 4);
-    EXPECT_EQ(o["byline"].toString(), QString::fromUtf8("Zoë Maker"));
     const QJsonArray entries = o["entries"].toArray();
     ASSERT_EQ(entries.size(), o["words"].toInt());
     const QJsonObject first = entries[0].toObject();
@@ -102,11 +97,6 @@ TEST(Cli, Version5FilesAreReadButNotRewritten)
     ASSERT_EQ(r.code, 0);
     EXPECT_EQ(QJsonDocument::fromJson(r.out.toUtf8()).object()["format"].toInt(), 5);
     EXPECT_EQ(ReadFileBytes(old).size(), PuzzleFile5Size);
-
-    const QString back = dir.path("back.xwd");
-    ASSERT_EQ(cli({"convert", old, back}).code, 0);
-    EXPECT_EQ(ReadFileBytes(back).size(), PuzzleFileSize);
-    EXPECT_EQ(DecodePuzzle(ReadFileBytes(back)).clue(5), DecodePuzzle(ReadFileBytes(current)).clue(5));
 }
 
 TEST(Cli, NewWritesAnEmptyPuzzleOfALegalSize)
@@ -133,12 +123,13 @@ TEST(Cli, NewWritesAnEmptyPuzzleOfALegalSize)
 TEST(Cli, UnreadableInputAndBadArgumentsFailWithOneLine)
 {
     TScratchDir dir;
-    QFile f(dir.path("short.xwd"));
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(QByteArray(100, 'x'));
-    f.close();
+    ASSERT_TRUE(WriteFileBytes(dir.path("short.xwd"), QByteArray(100, 'x')));
+    TPuzzle oversized;
+    oversized.Size = 3000;
+    ASSERT_TRUE(WriteFileBytes(dir.path("oversized.xwd"), EncodePuzzle(oversized)));
 
     for (const QStringList &args : {QStringList{"info", dir.path("short.xwd")}, QStringList{"info", dir.path("none.xwd")},
+                                    QStringList{"info", dir.path("oversized.xwd")},
                                     QStringList{"convert", dir.path("short.xwd"), dir.path("out.xwd")}}) {
         const CliRun r = cli(args);
         EXPECT_EQ(r.code, 2);
@@ -163,18 +154,13 @@ TEST(Cli, UnreadableInputAndBadArgumentsFailWithOneLine)
 TEST(Cli, ImportAndExportTextRoundTrip)
 {
     TScratchDir dir;
-    QFile text(dir.path("p.txt"));
-    ASSERT_TRUE(text.open(QIODevice::WriteOnly));
-    text.write(Clued);
-    text.close();
+    ASSERT_TRUE(WriteFileBytes(dir.path("p.txt"), Clued));
     ASSERT_EQ(cli({"import", dir.path("p.txt"), dir.path("p.xwd")}).code, 0);
     const CliRun r = cli({"export-text", dir.path("p.xwd"), "-"});
     ASSERT_EQ(r.code, 0);
     EXPECT_EQ(PuzzleToText(PuzzleFromText(r.out)), PuzzleToText(PuzzleFromText(QString::fromUtf8(Clued))));
 
-    text.open(QIODevice::WriteOnly);
-    text.write("size 11\ngrid\nABC\n");
-    text.close();
+    ASSERT_TRUE(WriteFileBytes(dir.path("p.txt"), "size 11\ngrid\nABC\n"));
     const CliRun bad = cli({"import", dir.path("p.txt"), dir.path("q.xwd")});
     EXPECT_EQ(bad.code, 2);
     EXPECT_TRUE(bad.err.contains("line 3")) << bad.err.toStdString();

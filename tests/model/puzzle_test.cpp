@@ -14,28 +14,6 @@ TPuzzle Open15()
 
 }  // namespace
 
-TEST(PuzzleRecord, FieldsSitAtTheirFileOffsets)
-{
-    TPuzzle p;
-    const auto *base = reinterpret_cast<const char *>(&p);
-    EXPECT_EQ(reinterpret_cast<const char *>(&p.Cells) - base, 2);
-    EXPECT_EQ(reinterpret_cast<const char *>(&p.Entries) - base, 531);
-    EXPECT_EQ(reinterpret_cast<const char *>(&p.CellWords) - base, 1060);
-    EXPECT_EQ(reinterpret_cast<const char *>(&p.Clues) - base, 3176);
-    EXPECT_EQ(reinterpret_cast<const char *>(&p.Byline) - base, 17756);
-    EXPECT_EQ(reinterpret_cast<const char *>(&p.Language) - base, 17817);
-}
-
-TEST(PuzzleRecord, SquaresAreColumnMajorWithStride23)
-{
-    TPuzzle p;
-    p.Cells(3, 5) = 'X';
-    EXPECT_EQ(p.Cells.Data[(3 - 1) * 23 + (5 - 1)], 'X');
-    p.CellWords(2, 4).DownSlot = 7;
-    const auto *words = reinterpret_cast<const unsigned char *>(&p.CellWords);
-    EXPECT_EQ(words[(2 - 1) * 92 + (4 - 1) * 4 + 2], 7);
-}
-
 TEST(WordStarts, OpenGridNumbersRowOneAndColumnOne)
 {
     const TPuzzle p = Open15();

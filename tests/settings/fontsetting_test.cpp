@@ -6,14 +6,8 @@
 
 TEST(FontSetting, FourValuesWithTheirDefaults)
 {
+    // The defaults are the settings tests'.
     ResetSettings();
-    TFontSetting status = ReadFontSetting("Status", {"Times New Roman", 11, 1, "clNavy"});
-    EXPECT_EQ(status.Font.family(), "Times New Roman");
-    EXPECT_EQ(status.Font.pointSize(), 11);
-    EXPECT_TRUE(status.Font.bold());
-    EXPECT_FALSE(status.Font.italic());
-    EXPECT_EQ(status.Color, QColor(0, 0, 0x80));
-
     WriteSetting("SolveFontName", QStringLiteral("Courier New"));
     WriteSetting("SolveFontSize", 14);
     WriteSetting("SolveFontStyle", 2 | 4 | 8);

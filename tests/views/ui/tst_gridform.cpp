@@ -251,14 +251,10 @@ private slots:
         QCOMPARE(CellAt(form->Editor.CursorPos), QPoint(1, 1));
         QCOMPARE(Puzzle.Cells(1, 1), uint8_t('A'));
 
-        // Each arrow goes its own way and makes that word current.
-        const struct { Qt::Key key; QPoint square; int direction; } arrows[] = {
-            {Qt::Key_Down, {1, 2}, 2}, {Qt::Key_Right, {2, 2}, 1}, {Qt::Key_Up, {2, 1}, 2}, {Qt::Key_Left, {1, 1}, 1}};
-        for (const auto &arrow : arrows) {
-            QTest::keyClick(form.get(), arrow.key);
-            QCOMPARE(CellAt(form->Editor.CursorPos), arrow.square);
-            QCOMPARE(form->Editor.WordDirection, arrow.direction);
-        }
+        // An arrow makes the word in its direction current (the moves are the editor's tests').
+        QTest::keyClick(form.get(), Qt::Key_Down);
+        QCOMPARE(form->Editor.WordDirection, 2);
+        QTest::keyClick(form.get(), Qt::Key_Up);
         QTest::keyClick(form.get(), Qt::Key_Delete);
         QCOMPARE(Puzzle.Cells(1, 1), uint8_t(0));
 

@@ -142,6 +142,9 @@ int import(Arguments args, QTextStream &)
     } catch (const TPuzzleTextError &e) {
         throw TCliError{ExitUnreadable, QStringLiteral("%1: %2").arg(files[0], QString::fromStdString(e.what()))};
     }
+    // The text form allows small grids for tests; a puzzle file holds only what the program opens.
+    if (!IsPuzzleSize(p.Size))
+        throw TCliError{ExitUnreadable, QStringLiteral("%1: the size must be one of 11, 13, 15, 17, 19, 21, 23").arg(files[0])};
     SaveOrFail(files[1], EncodePuzzle(p));
     return 0;
 }

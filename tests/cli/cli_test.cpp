@@ -164,4 +164,7 @@ TEST(Cli, ImportAndExportTextRoundTrip)
     const CliRun bad = cli({"import", dir.path("p.txt"), dir.path("q.xwd")});
     EXPECT_EQ(bad.code, 2);
     EXPECT_TRUE(bad.err.contains("line 3")) << bad.err.toStdString();
+    ASSERT_TRUE(WriteFileBytes(dir.path("p.txt"), "size 5\ngrid\nABCDE\n.....\n.....\n.....\n.....\n"));
+    EXPECT_EQ(cli({"import", dir.path("p.txt"), dir.path("q.xwd")}).code, 2) << "no file the program would refuse";
+    EXPECT_FALSE(QFile::exists(dir.path("q.xwd")));
 }

@@ -25,7 +25,13 @@ void setColour(QLabel *label, const QColor &colour)
 // The letter table, painted by the window.
 class TLetterBox : public QWidget {
 public:
-    explicit TLetterBox(TAnalysisForm *form) : QWidget(form), form_(form) { setFixedSize(220, 112); }
+    explicit TLetterBox(TAnalysisForm *form) : QWidget(form), form_(form)
+    {
+        // Rows are a seventh of the height and one more, so seven lines of text need
+        // some spare; the fourth column's counts end 40 pixels past its letters.
+        const int line = fontMetrics().height();
+        setFixedSize(260, 7 * (line + 6));
+    }
 
 protected:
     void paintEvent(QPaintEvent *) override

@@ -32,7 +32,8 @@ QByteArray wordAt(const TPuzzle &p, const TStart &s)
 QList<TScanItem> ScanFor(const TPuzzle &p, const QByteArray &text)
 {
     QList<TScanItem> items;
-    if (text.isEmpty())
+    // A typed text never holds an empty square, so nothing matches one that claims to.
+    if (text.isEmpty() || text.contains('\0'))
         return items;
     for (const TStart &s : startsInScanOrder(p)) {
         const QByteArray word = wordAt(p, s);

@@ -20,7 +20,8 @@ struct TScanResult {
     bool Repeats = false;  // some word occurs twice: the warning picture is shown
 };
 
-// Every word, across before down at a square, whose letters contain `text`.
+// Every word, across before down at a square, whose letters contain `text` (none for an
+// empty text or one holding a zero byte).
 QList<TScanItem> ScanFor(const TPuzzle &p, const QByteArray &text);
 // Both words complete (no empty square) and alike in their first or last three letters.
 bool WordsAlike(const QByteArray &a, const QByteArray &b);

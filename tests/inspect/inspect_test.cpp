@@ -41,6 +41,7 @@ TEST(ScanGrid, ScanForOrderAcrossBeforeDownAndRowByRow)
     TPuzzle gap = p;
     gap.Cells(2, 1) = 0;
     EXPECT_TRUE(ScanFor(gap, "AR").isEmpty());
+    EXPECT_TRUE(ScanFor(gap, QByteArray("\0R", 2)).isEmpty());
     EXPECT_TRUE(ScanFor(p, "").isEmpty());
 }
 

@@ -11,7 +11,8 @@
 
 #include <QAction>
 #include <QMenu>
-#include <QPointer>
+
+#include <type_traits>
 
 namespace {
 
@@ -31,8 +32,10 @@ void showTool(TXwdMainForm *form, const char *name)
     auto *window = form->findChild<Form *>(QString::fromLatin1(name), Qt::FindDirectChildrenOnly);
     if (!window)
         window = new Form(form);
-    if (window->isVisible())
-        window->FormShow();
+    // The analysis is worked out afresh even when its window is already up.
+    if constexpr (std::is_same_v<Form, TAnalysisForm>)
+        if (window->isVisible())
+            window->FormShow();
     window->show();
     window->raise();
     window->activateWindow();

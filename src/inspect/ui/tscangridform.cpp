@@ -124,7 +124,8 @@ TScanGridForm::TScanGridForm(QWidget *parent) : QWidget(parent, Qt::Tool | Qt::W
     connect(AllBtn, &QPushButton::clicked, this, &TScanGridForm::AllBtnClick);
     connect(OkBtn, &QPushButton::clicked, this, &QWidget::close);
     connect(ScanList, &QListWidget::itemClicked, this, &TScanGridForm::ScanListClick);
-    connect(ScanList, &QListWidget::currentRowChanged, this, &TScanGridForm::ScanListClick);
+    // A mouse click or Enter on an item; a current row set by the list itself is no choice.
+    connect(ScanList, &QListWidget::itemActivated, this, &TScanGridForm::ScanListClick);
 }
 
 void TScanGridForm::showEvent(QShowEvent *event)

@@ -69,3 +69,5 @@ struct TCliCommand {
 
 // The commands on puzzle files themselves (info, new, convert, import, export-text).
 QList<TCliCommand> PuzzleCommands();
+// Analysis, scans and transforms of the grid (analyze, scan, transform).
+QList<TCliCommand> InspectCommands();

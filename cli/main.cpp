@@ -10,6 +10,7 @@ namespace {
 QList<TCliCommand> AllCommands()
 {
     QList<TCliCommand> commands = PuzzleCommands();
+    commands += InspectCommands();
     return commands;
 }
 

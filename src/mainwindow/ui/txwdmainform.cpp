@@ -1,6 +1,7 @@
 #include "mainwindow/ui/txwdmainform.h"
 
 #include "clues/ui/tautoclueform.h"
+#include "inspect/ui/inspectcommands.h"
 #include "mainwindow/history.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/specifications.h"
@@ -127,6 +128,7 @@ TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
     createActions();
     createMenus();
     createBody();
+    InstallInspectCommands(this);
     updateActions();
 }
 

@@ -1,0 +1,220 @@
+// Scan Grid, Puzzle Analysis and the transforms, driven through the main window.
+
+#include "inspect/ui/tanalysisform.h"
+#include "inspect/ui/tscangridform.h"
+#include "mainwindow/puzzlestate.h"
+#include "mainwindow/ui/tprogram.h"
+#include "mainwindow/ui/txwdmainform.h"
+#include "model/cp1252.h"
+#include "model/puzzlefile.h"
+#include "model/puzzletext.h"
+#include "scripteddialogs.h"
+#include "settings/txwdprocs.h"
+#include "uitestmain.h"
+#include "views/gridgeometry.h"
+#include "views/ui/txwdgridform.h"
+
+#include <QAction>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProcess>
+#include <QPushButton>
+
+namespace {
+
+// CART across and ARCH down share the A; STONES, STORM and STORM again look alike.
+const char *const Fixture =
+    "size 11\nlanguage 1\ngrid\n"
+    "CART#STONES\n#R#########\n#C#########\n#H#########\n###########\n###########\n"
+    "###########\n###########\nSTORM######\n###########\nSTORM#PHONE\n"
+    "clues\n1A Wagon\n";
+
+QJsonObject cliJson(const QStringList &args)
+{
+    QProcess p;
+    p.start(QStringLiteral(QUILLMARK_CLI), args);
+    if (!p.waitForFinished(30000) || p.exitCode() != 0)
+        return {};
+    return QJsonDocument::fromJson(p.readAllStandardOutput()).object();
+}
+
+int redPixels(const QImage &image, const QRect &area)
+{
+    int count = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x) {
+            const QColor c = image.pixelColor(x, y);
+            count += c.red() > 200 && c.green() < 80 && c.blue() < 80;
+        }
+    return count;
+}
+
+}  // namespace
+
+class TestInspect : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TProgram> program;
+    std::unique_ptr<TDialogScript> dialogs;
+    std::unique_ptr<TScratchDir> dir;
+    QString path;
+
+    TXwdMainForm *main() { return program->MainForm; }
+    QAction *act(const char *name) { return main()->findChild<QAction *>(QString::fromLatin1(name)); }
+    template <typename Form>
+    Form *tool(const char *action)
+    {
+        act(action)->trigger();
+        return main()->findChild<Form *>();
+    }
+
+private slots:
+    void init()
+    {
+        ResetSettings();
+        WriteSetting("ScreenSquare", 30);
+        Puzzle = TPuzzle{};
+        PuzzleChanged = false;
+        dir = std::make_unique<TScratchDir>();
+        dialogs = std::make_unique<TDialogScript>();
+        program = std::make_unique<TProgram>();
+        program->Start({});
+        path = dir->path("inspect.xwd");
+        WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(QString::fromLatin1(Fixture))));
+        (*dialogs)->Files.append(TFileChoice{path, 1});
+        main()->ConstructOpenAct->trigger();
+        QCOMPARE(int(PuzzleMode), int(ConstructMode));
+    }
+
+    void cleanup()
+    {
+        program.reset();
+        dialogs.reset();
+        dir.reset();
+    }
+
+    void typedLettersListTheirWordsAndAClickShowsOneInTheGrid()
+    {
+        auto *scan = tool<TScanGridForm>("ScanGridAct");
+        QVERIFY(scan && scan->isVisible());
+        QCOMPARE(scan->windowTitle(), QStringLiteral("Scan Grid"));
+        QTest::keyClicks(scan->ScanEdit, "ar");
+        QCOMPARE(scan->ScanEdit->text(), QStringLiteral("AR"));
+        QTest::keyClick(scan->ScanEdit, Qt::Key_Return);
+        QCOMPARE(scan->ScanList->count(), 2);
+        QCOMPARE(scan->ScanList->item(0)->text(), QStringLiteral("CART"));
+        QCOMPARE(scan->ScanList->item(1)->text(), QStringLiteral("ARCH"));
+
+        TXwdGridForm *grid = program->GridForm;
+        const QRect arch = scan->ScanList->visualItemRect(scan->ScanList->item(1));
+        QTest::mouseClick(scan->ScanList->viewport(), Qt::LeftButton, {}, arch.center());
+        QCOMPARE(grid->Editor.CursorPos, CellTopLeft(2, 1));
+        QCOMPARE(grid->Editor.WordDirection, 2);
+        QCOMPARE(grid->Editor.HighlightedSquares(),
+                 (QList<QPoint>{QPoint(2, 1), QPoint(2, 2), QPoint(2, 3), QPoint(2, 4)}));
+
+        // A new letter starts over.
+        QTest::keyClicks(scan->ScanEdit, "x");
+        QCOMPARE(scan->ScanList->count(), 0);
+    }
+
+    void analysisNamesTheLanguageAndGreysTheMissingTwoLetterWords()
+    {
+        auto *analysis = tool<TAnalysisForm>("AnalysisAct");
+        QVERIFY(analysis && analysis->isVisible());
+        QCOMPARE(analysis->windowTitle(), QStringLiteral("Puzzle Analysis (French)"));
+        QCOMPARE(analysis->Ltr2Lbl->text(), QStringLiteral("0"));
+        const QColor grey(0x80, 0x80, 0x80);
+        QCOMPARE(analysis->Ltr2Lbl->palette().color(QPalette::WindowText), grey);
+        QCOMPARE(analysis->Ltr2Caption->palette().color(QPalette::WindowText), grey);
+        QCOMPARE(analysis->IDLbl->text(), QStringLiteral("CART - STONES    11x"));
+        QCOMPARE(analysis->SymLbl->palette().color(QPalette::WindowText), QColor(Qt::red));
+    }
+
+    void flipAsksFirstAndNoLeavesThePuzzleAlone()
+    {
+        QVERIFY(act("FlipAct")->isVisible());
+        const TPuzzle before = Puzzle;
+        (*dialogs)->Answers = {TAnswer::No, TAnswer::Yes};
+        act("FlipAct")->trigger();
+        QCOMPARE((*dialogs)->Questions,
+                 QStringList{QStringLiteral("Some definitions may be lost in transformation. Flip..? [YN]")});
+        QVERIFY(memcmp(&before, &Puzzle, sizeof Puzzle) == 0);
+        QVERIFY(!PuzzleChanged);
+
+        act("FlipAct")->trigger();
+        QCOMPARE(Puzzle.Cells(1, 11), uint8_t('C'));
+        QCOMPARE(Puzzle.clue(Puzzle.slotAt(1, 11, Direction::Across)), QByteArray("Wagon"));
+        QVERIFY(PuzzleChanged);
+        QCOMPARE(program->GridForm->Editor.WordDirection, 0);
+    }
+
+    void theCommandLineAgreesWithTheWindows()
+    {
+        auto *scan = tool<TScanGridForm>("ScanGridAct");
+        QTest::mouseClick(scan->AllBtn, Qt::LeftButton);
+        const QJsonObject cliScan = cliJson({"scan", "--all", "--json", path});
+        const QJsonArray items = cliScan["items"].toArray();
+        QCOMPARE(items.size(), scan->ScanList->count());
+        for (int i = 0; i < items.size(); ++i) {
+            const QJsonObject item = items[i].toObject();
+            QCOMPARE(item["text"].toString(), scan->ScanList->item(i)->text());
+            const QPoint pixel = CellTopLeft(item["column"].toInt(), item["row"].toInt());
+            QCOMPARE(scan->Records()[i].Pixel, pixel);
+            QCOMPARE(scan->Records()[i].Direction, item["direction"].toString() == u"across" ? 1 : 2);
+        }
+        QCOMPARE(cliScan["repeats"].toBool(), scan->ExImg->isVisibleTo(scan));
+        QVERIFY(cliScan["repeats"].toBool());
+        // The repeated STORM is drawn red, its base word not.
+        scan->ScanList->doItemsLayout();
+        const QImage list = scan->ScanList->viewport()->grab().toImage();
+        const int repeated = scan->ScanList->count() - 1;
+        QVERIFY(scan->ScanList->item(repeated)->text().endsWith(u' '));
+        QVERIFY(redPixels(list, scan->ScanList->visualItemRect(scan->ScanList->item(repeated))) > 5);
+        QCOMPARE(redPixels(list, scan->ScanList->visualItemRect(scan->ScanList->item(0))), 0);
+
+        auto *analysis = tool<TAnalysisForm>("AnalysisAct");
+        const QJsonObject cliAnalysis = cliJson({"analyze", "--json", path});
+        QCOMPARE(cliAnalysis["caption"].toString(), analysis->windowTitle());
+        QCOMPARE(cliAnalysis["identifier"].toString(), analysis->IDLbl->text());
+        QCOMPARE(cliAnalysis["symmetry"].toString(), analysis->SymLbl->text());
+        const QList<std::pair<const char *, QLabel *>> values = {
+            {"blackSquares", analysis->BkSqLbl}, {"acrossWords", analysis->AcrLbl},
+            {"downWords", analysis->DwnLbl},     {"words", analysis->WdsLbl},
+            {"threeLetterWords", analysis->Ltr3Lbl}, {"twoLetterWords", analysis->Ltr2Lbl},
+            {"wordsEndingInS", analysis->EndSLbl},   {"averageLength", analysis->AvgLbl},
+            {"unkeyedSquares", analysis->UnkLbl}};
+        for (const auto &[key, label] : values)
+            QCOMPARE(QString::number(cliAnalysis[QLatin1String(key)].toInt()), label->text());
+
+        // And a transform written by the command line is the one the window makes.
+        const QString flipped = dir->path("flipped.xwd");
+        QProcess cli;
+        cli.start(QStringLiteral(QUILLMARK_CLI), {"transform", "flip", path, flipped});
+        QVERIFY(cli.waitForFinished(30000));
+        QCOMPARE(cli.exitCode(), 0);
+        (*dialogs)->Answers = {TAnswer::Yes};
+        act("FlipAct")->trigger();
+        QVERIFY(EncodePuzzle(Puzzle) == ReadFileBytes(flipped));
+    }
+
+    void transformsAreHiddenWhileSolving()
+    {
+        (*dialogs)->Answers = {TAnswer::No};
+        (*dialogs)->Files.append(TFileChoice{path, 1});
+        main()->OpenSolveAct->trigger();
+        QCOMPARE(int(PuzzleMode), int(SolveMode));
+        for (const char *name : {"InvertAct", "RotateAct", "FlipAct"})
+            QVERIFY2(!act(name)->isVisible(), name);
+        QVERIFY(!act("ScanGridAct")->isEnabled());
+        QVERIFY(!act("AnalysisAct")->isEnabled());
+    }
+};
+
+QUILLMARK_UI_TEST_MAIN(TestInspect)
+#include "tst_inspect.moc"

@@ -69,3 +69,5 @@ struct TCliCommand {
 
 // The commands on puzzle files themselves (info, new, convert, import, export-text).
 QList<TCliCommand> PuzzleCommands();
+// The exports: EPS, metafile, RTF, clue text and grid picture.
+QList<TCliCommand> ExportCommands();

@@ -1,13 +1,13 @@
 #include "testsupport.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <gtest/gtest.h>
 
 int main(int argc, char **argv)
 {
     IsolateUserFolders();
-    QCoreApplication app(argc, argv);
+    QGuiApplication app(argc, argv);  // the picture exports measure text
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -7,7 +7,10 @@
 int main(int argc, char **argv)
 {
     IsolateUserFolders();
-    QGuiApplication app(argc, argv);  // the picture exports measure text
+    // The picture exports measure text; that needs the GUI library, never a screen.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

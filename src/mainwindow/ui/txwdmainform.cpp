@@ -12,6 +12,7 @@
 #include "model/clearpuzzle.h"
 #include "model/cp1252.h"
 #include "model/puzzlefile.h"
+#include "output/ui/exportcommands.h"
 #include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
 #include "solving/ui/tscoreform.h"
@@ -126,6 +127,7 @@ TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
     createActions();
     createMenus();
     createBody();
+    InstallExportCommands(this);
     updateActions();
 }
 

@@ -28,6 +28,12 @@ TExportForm::TExportForm(QObject *parent) : QObject(parent)
         ExportForm = this;
 }
 
+TExportForm::~TExportForm()
+{
+    if (ExportForm == this)
+        ExportForm = nullptr;
+}
+
 void TExportForm::WriteClueListText(const QString &fileName)
 {
     WriteFileAtomically(ChangeFileExt(fileName, QStringLiteral(".TXT")), ClueListText(Puzzle));

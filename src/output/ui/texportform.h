@@ -13,6 +13,7 @@ class TExportForm : public QObject {
     Q_OBJECT
 public:
     explicit TExportForm(QObject *parent = nullptr);
+    ~TExportForm() override;
 
     QString ExportFileName;
     QString PuzzleSpecText;

@@ -38,9 +38,14 @@ QPoint centred(int left, int top, const QFont &font, const QByteArray &chars)
 
 QFont GridPictureFont(int height)
 {
+    // The height is the metafile font's cell height (ascent and descent), so the glyphs
+    // themselves are somewhat smaller.
     QFont font(QStringLiteral("Arial"));
-    font.setPixelSize(height);
     font.setBold(true);
+    font.setPixelSize(height);
+    const int cell = QFontMetrics(font).height();
+    if (cell > 0 && cell != height)
+        font.setPixelSize(qMax(1, (height * height + cell / 2) / cell));
     return font;
 }
 

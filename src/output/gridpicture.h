@@ -18,7 +18,7 @@ struct TPictureItem {
     QRect Rect;              // Box: left, top and the 31-unit extent to the shared right/bottom edge
     bool Black = false;      // Box: fill
     QPoint At;               // Text: top-left of the text cell
-    int FontHeight = 12;     // Text: character height in units
+    int FontHeight = 12;     // Text: the font's cell height in units
     QByteArray Chars;        // Text: Windows-1252 bytes
     bool Opaque = false;     // Text: on the white brush (letters) or clear (numbers)
 };
@@ -28,7 +28,7 @@ struct TGridPicture {
     QList<TPictureItem> Items;
 };
 
-// The font of the picture: bold Arial whose characters are `height` units high.
+// The font of the picture: bold Arial whose text cell is `height` units high.
 QFont GridPictureFont(int height);
 
 // Lays out the picture of `kind`: every square outlined and filled, the numbers at

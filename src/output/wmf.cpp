@@ -65,9 +65,9 @@ int TWmfWriter::CreateBrush(int style, uint32_t colorRef)
 
 int TWmfWriter::CreateFont(int height, int weight, const QByteArray &face)
 {
-    // LOGFONT: height (negative: character height), width, escapement, orientation, weight,
+    // LOGFONT: height (positive: cell height), width, escapement, orientation, weight,
     // italic/underline, strike-out/charset, out/clip precision, quality/pitch, 32-byte face.
-    QList<uint16_t> params = {uint16_t(int16_t(-height)), 0, 0, 0, uint16_t(weight), 0, 0, 0, 0};
+    QList<uint16_t> params = {uint16_t(int16_t(height)), 0, 0, 0, uint16_t(weight), 0, 0, 0, 0};
     params += words(face.left(31).leftJustified(32, '\0'));
     Record(META_CREATEFONTINDIRECT, params);
     return allocate();

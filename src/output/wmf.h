@@ -37,6 +37,7 @@ public:
     // Creation records return the object's index.
     int CreatePen(int style, int width, uint32_t colorRef);
     int CreateBrush(int style, uint32_t colorRef);
+    // `height` is the cell height, internal leading included.
     int CreateFont(int height, int weight, const QByteArray &face);
     void Select(int object) { Record(META_SELECTOBJECT, {uint16_t(object)}); }
     void Delete(int object);

@@ -34,11 +34,6 @@ TExportForm::~TExportForm()
         ExportForm = nullptr;
 }
 
-void TExportForm::WriteClueListText(const QString &fileName)
-{
-    WriteFileAtomically(ChangeFileExt(fileName, QStringLiteral(".TXT")), ClueListText(Puzzle));
-}
-
 void TExportForm::ExportEpsFiles(const QString &fileName, EpsStyle style)
 {
     const QList<TExportFile> files = EpsExportSet(Puzzle, fileName, style, ShortDateToday());

@@ -20,8 +20,8 @@ public:
 
     // Each writer throws TPuzzleIOError with the reason when a file cannot be written; a
     // file is written whole or not at all, and files a failing set created are removed.
-    void WriteClueListText(const QString &fileName);
-    // The .TXT clue list, the numbered .EPS and the -A.EPS answer grid, in that order.
+    // The .TXT clue list, the numbered .EPS and the -A.EPS answer grid, in that order, as
+    // one set: a failure leaves none of the files it had created.
     void ExportEpsFiles(const QString &fileName, EpsStyle style);
     // Target 0: the .TXT, .WMF and -A.WMF files; 1..3: the picture of that grid kind on the
     // clipboard.

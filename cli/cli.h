@@ -71,3 +71,5 @@ struct TCliCommand {
 QList<TCliCommand> PuzzleCommands();
 // Analysis, scans and transforms of the grid (analyze, scan, transform).
 QList<TCliCommand> InspectCommands();
+// The exports: EPS, metafile, RTF, clue text and grid picture.
+QList<TCliCommand> ExportCommands();

@@ -2,7 +2,7 @@
 
 #include "cli.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 namespace {
 
@@ -11,6 +11,7 @@ QList<TCliCommand> AllCommands()
 {
     QList<TCliCommand> commands = PuzzleCommands();
     commands += InspectCommands();
+    commands += ExportCommands();
     return commands;
 }
 
@@ -43,7 +44,10 @@ int run(QStringList args, QTextStream &out)
 }  // namespace
 int main(int argc, char *argv[])
 {
-    QCoreApplication app(argc, argv);
+    // The picture exports measure text, which needs the GUI library but never a screen.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);
     try {

@@ -13,6 +13,7 @@
 #include "model/clearpuzzle.h"
 #include "model/cp1252.h"
 #include "model/puzzlefile.h"
+#include "output/ui/exportcommands.h"
 #include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
 #include "solving/ui/tscoreform.h"
@@ -129,6 +130,7 @@ TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
     createMenus();
     createBody();
     InstallInspectCommands(this);
+    InstallExportCommands(this);
     updateActions();
 }
 

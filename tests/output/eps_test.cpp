@@ -1,0 +1,150 @@
+#include "output/clipboardtext.h"
+#include "output/eps.h"
+#include "testsupport.h"
+
+#include <QImage>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// Row 1 black at its first square, the rest of the grid open.
+TPuzzle openEleven()
+{
+    QString text = QStringLiteral("size 11\ngrid\n#..........\n");
+    for (int r = 2; r <= 11; ++r)
+        text += QStringLiteral("...........\n");
+    return PuzzleFrom(text);
+}
+
+QList<QByteArray> lines(const QByteArray &file)
+{
+    EXPECT_TRUE(file.endsWith("\r\n"));
+    QList<QByteArray> out = file.split('\n');
+    out.removeLast();
+    for (QByteArray &line : out) {
+        EXPECT_TRUE(line.endsWith('\r'));
+        line.chop(1);
+    }
+    return out;
+}
+
+// Renders an EPS with Ghostscript at one pixel a point, cropped to its bounding box.
+QImage renderEps(const TScratchDir &dir, const QByteArray &eps)
+{
+    const QString in = dir.path("in.eps");
+    const QString out = dir.path("out.png");
+    WriteFileBytes(in, eps);
+    QProcess gs;
+    gs.start(QStringLiteral("gs"), {"-q", "-dSAFER", "-dBATCH", "-dNOPAUSE", "-dEPSCrop", "-sDEVICE=png16m",
+                                   "-r72", "-sOutputFile=" + out, in});
+    EXPECT_TRUE(gs.waitForFinished(30000));
+    EXPECT_EQ(gs.exitCode(), 0) << gs.readAllStandardError().constData();
+    return QImage(out);
+}
+
+}  // namespace
+
+TEST(EpsExport, NumberedElevenGridIsWrittenLineForLine)
+{
+    QByteArray expected =
+        "%!PS-Adobe-3.0 EPSF-3.0\r\n"
+        "%%Copyright: Quillmark grid; the puzzle belongs to its constructor\r\n"
+        "%%Creator: Quillmark for Windows v6.0\r\n"
+        "%%CreationDate: 21/01/2003\r\n"
+        "%%Title: PUZZLE.eps\r\n"
+        "%%BoundingBox: 178 268 433 523\r\n"
+        "/rl {rlineto} def\r\n/mv {moveto} def\r\n/cp {closepath} def\r\n/sh {show} def\r\n/rm {rmoveto} def\r\n"
+        "/wb {/x x 23 add def x y mv 23 0 rl 0 -23 rl -23 0 rl cp stroke} def\r\n"
+        "/bb {wb x y mv 23 0 rl 0 -23 rl -23 0 rl cp fill} def\r\n"
+        "/nb {wb x y mv 2 -10 rm} def\r\n"
+        "/nc {/x xx def /y y 23 sub def} def\r\n"
+        "/xx 156 def /x 156 def /y 545 def\r\n"
+        "2 setlinewidth\r\n"
+        "178 523 mv 255 0 rl 0 -255 rl -255 0 rl cp stroke\r\n"
+        "179 522 mv\r\n"
+        "1 setlinewidth\r\n"
+        "/Helvetica-Narrow-Bold findfont 10 scalefont setfont\r\n"
+        "nc bb nb (1) sh nb (2) sh nb (3) sh nb (4) sh nb (5) sh nb (6) sh nb (7) sh nb (8) sh nb (9) sh nb (10) sh\r\n"
+        "nc nb (11) sh wb wb wb wb wb wb wb wb wb wb\r\n";
+    for (int n = 12; n <= 20; ++n)
+        expected += "nc nb (" + QByteArray::number(n) + ") sh wb wb wb wb wb wb wb wb wb wb\r\n";
+    expected += "showpage\r\n%%EndDocument\r\n";
+    EXPECT_EQ(EpsGridText(openEleven(), GridKind::NumberedGrid, EpsStyle::Regular, "/any/PUZZLE.eps", "21/01/2003"),
+              expected);
+}
+
+TEST(EpsExport, LightFifteenHasNoFrameAndTheFramesBoundingBox)
+{
+    const TPuzzle p = PuzzleFrom(QStringLiteral("size 15\ngrid\n") + QStringLiteral("...............\n").repeated(15));
+    const QList<QByteArray> l = lines(EpsGridText(p, GridKind::NumberedGrid, EpsStyle::Light, "/d/P.eps", "x"));
+    EXPECT_EQ(l[4], "%%Title: P.eps [light]");
+    EXPECT_EQ(l[5], "%%BoundingBox: 132 222 479 569");
+    EXPECT_EQ(l[13], "/nb {wb x y mv 2 -8 rm} def");
+    EXPECT_EQ(l[15], "/xx 110 def /x 110 def /y 591 def");
+    EXPECT_EQ(l[16], "133 568 mv");
+    EXPECT_EQ(l[17], ".5 setlinewidth");
+    EXPECT_EQ(l[18], "/Helvetica findfont 9 scalefont setfont");
+    EXPECT_FALSE(l.contains("2 setlinewidth"));
+}
+
+TEST(EpsExport, AnswerGridMarksIAndWAndWritesEveryOtherSquareAsALetterBox)
+{
+    QString text = QStringLiteral("size 11\ngrid\nIWA#.......\n");
+    for (int r = 2; r <= 11; ++r)
+        text += QStringLiteral("...........\n");
+    const QList<QByteArray> l =
+        lines(EpsGridText(PuzzleFrom(text), GridKind::AnswerGrid, EpsStyle::Regular, "P.eps", "d"));
+    EXPECT_EQ(l.mid(13, 3), (QList<QByteArray>{"/lb {wb x y mv 5 -17 rm} def", "/ib {wb x y mv 8 -17 rm} def",
+                                               "/ww {wb x y mv 4 -17 rm} def"}));
+    EXPECT_EQ(l[22], "/Helvetica-Bold findfont 16 scalefont setfont");
+    EXPECT_TRUE(l[23].startsWith("nc ib (I) sh ww (W) sh lb (A) sh bb lb (" + QByteArray(1, '\0') + ") sh"));
+}
+
+TEST(EpsExport, RowLinesAreCutAt255Characters)
+{
+    const TPuzzle p = PuzzleFrom(QStringLiteral("size 23\ngrid\n") + QStringLiteral(".").repeated(23).append('\n').repeated(23));
+    for (const QByteArray &line : lines(EpsGridText(p, GridKind::NumberedGrid, EpsStyle::Regular, "P.eps", "d")))
+        EXPECT_LE(line.size(), 255);
+}
+
+TEST(EpsExport, TheSetIsNamedAfterTheChosenFileWithTheFixedFourCharacterCut)
+{
+    const QList<TExportFile> set = EpsExportSet(openEleven(), "/x/PUZZLE.eps", EpsStyle::Regular, "d");
+    ASSERT_EQ(set.size(), 3);
+    EXPECT_EQ(set[0].Path, "/x/PUZZLE.TXT");
+    EXPECT_EQ(set[1].Path, "/x/PUZZLE.EPS");
+    EXPECT_EQ(set[2].Path, "/x/PUZZLE-A.EPS");
+    EXPECT_EQ(AnswerFilePath("/x/P.ps", "-A.EPS"), "/x/-A.EPS");
+    EXPECT_EQ(ChangeFileExt("/x.d/NOEXT", ".EPS"), "/x.d/NOEXT.EPS");
+}
+
+TEST(ClueListText, ListsAcrossThenDownWithNumbersPaddedToThree)
+{
+    const TPuzzle p = PuzzleFrom(QStringLiteral("size 11\ngrid\n") + QStringLiteral("AB#########\nCD#########\n")
+                                 + QStringLiteral("###########\n").repeated(9)
+                                 + QStringLiteral("clues\n1A First across\n1D First down\n3A Third\n"));
+    EXPECT_EQ(ClueListText(p), "ACROSS\r\n  1 First across\r\n  3 Third\r\nDOWN\r\n  1 First down\r\n  2 \r\n");
+}
+
+TEST(EpsExport, GhostscriptDrawsTheBlackSquaresOfEveryFile)
+{
+    const TScratchDir dir;
+    QString text = QStringLiteral("size 13\ngrid\n#IW##........\n");
+    for (int r = 2; r <= 13; ++r)
+        text += r == 7 ? QStringLiteral("......#......\n") : QStringLiteral("QUILLMARKABCD\n");
+    const TPuzzle p = PuzzleFrom(text);
+    for (const GridKind kind : {GridKind::NumberedGrid, GridKind::AnswerGrid})
+        for (const EpsStyle style : {EpsStyle::Regular, EpsStyle::Light}) {
+            const QImage image = renderEps(dir, EpsGridText(p, kind, style, "P.eps", "d"));
+            ASSERT_EQ(image.size(), QSize(301, 301));
+            // A square's lower-right quarter holds no number or letter ink.
+            auto shade = [&](int c, int r) { return qGray(image.pixel(1 + 23 * (c - 1) + 19, 1 + 23 * (r - 1) + 19)); };
+            EXPECT_LT(shade(1, 1), 80);
+            EXPECT_LT(shade(7, 7), 80);
+            EXPECT_LT(shade(5, 1), 80);
+            EXPECT_GT(shade(2, 2), 170);
+            EXPECT_GT(shade(13, 13), 170);
+        }
+}

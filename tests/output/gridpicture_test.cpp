@@ -1,0 +1,94 @@
+#include "output/gridpicture.h"
+#include "testsupport.h"
+
+#include <QImage>
+#include <QProcess>
+#include <QSvgRenderer>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// (1,1) and (7,7) black; (2,2) starts nothing; (13,13) an empty square.
+TPuzzle thirteen()
+{
+    QString text = QStringLiteral("size 13\ngrid\n#IW##........\n");
+    for (int r = 2; r <= 13; ++r)
+        text += r == 7 ? QStringLiteral("......#......\n") : r == 13 ? QStringLiteral("QUILLMARKABC.\n")
+                                                                     : QStringLiteral("QUILLMARKABCD\n");
+    return PuzzleFrom(text);
+}
+
+// A point in a square's lower-right corner, clear of numbers and letters.
+int shade(const QImage &image, int c, int r)
+{
+    return qGray(image.pixel(1 + 30 * (c - 1) + 27, 1 + 30 * (r - 1) + 27));
+}
+
+void expectSquares(const QImage &image)
+{
+    ASSERT_EQ(image.size(), QSize(392, 392));
+    EXPECT_LT(shade(image, 1, 1), 80);
+    EXPECT_LT(shade(image, 7, 7), 80);
+    EXPECT_GT(shade(image, 2, 2), 170);
+    EXPECT_GT(shade(image, 13, 13), 170);
+    // The shared border between columns 1 and 2 (libwmf may round it one unit left).
+    EXPECT_LT(std::min(qGray(image.pixel(30, 50)), qGray(image.pixel(31, 50))), 120);
+}
+
+int textItems(const TGridPicture &picture)
+{
+    return int(std::count_if(picture.Items.begin(), picture.Items.end(),
+                             [](const TPictureItem &i) { return i.Kind == TPictureItem::Text; }));
+}
+
+}  // namespace
+
+TEST(GridPicture, EachKindCarriesItsNumbersAndLetters)
+{
+    const TPuzzle p = thirteen();
+    const int letters = 2 + 10 * 13 + 12;  // rows 1, 2 to 12 but 7, and 13
+    const int numbered = textItems(DrawGridPicture(p, GridKind::NumberedGrid));
+    EXPECT_EQ(textItems(DrawGridPicture(p, GridKind::AnswerGrid)), letters);
+    // Row 1's ten starts, the first square of each further row, the two down starts under
+    // row 1's blocks, and the two starts beside and under the block at (7, 7).
+    EXPECT_EQ(numbered, 10 + 12 + 2 + 2);
+    EXPECT_EQ(textItems(DrawGridPicture(p, GridKind::NumberedAnswerGrid)), numbered + letters);
+    EXPECT_EQ(DrawGridPicture(PuzzleFrom(QStringLiteral("size 15\ngrid\n") + QString(15, '.').append('\n').repeated(15)),
+                              GridKind::NumberedGrid)
+                  .Extent,
+              452);
+}
+
+TEST(GridPicture, PngAndSvgShowTheSquaresAtThirtyUnitsEach)
+{
+    const TGridPicture picture = DrawGridPicture(thirteen(), GridKind::NumberedAnswerGrid);
+    expectSquares(QImage::fromData(GridPicturePng(picture), "PNG"));
+    QSvgRenderer svg(GridPictureSvg(picture, QStringLiteral("P.WMF")));
+    ASSERT_TRUE(svg.isValid());
+    EXPECT_EQ(svg.viewBox(), QRect(0, 0, 392, 392));
+}
+
+TEST(GridPicture, LibwmfReadsBothMetafilesWithTheirSquares)
+{
+    const TScratchDir dir;
+    const QList<TExportFile> set = WmfExportSet(thirteen(), dir.path("PUZ.wmf"));
+    ASSERT_EQ(set.size(), 3);
+    EXPECT_EQ(set[0].Path, dir.path("PUZ.TXT"));
+    EXPECT_EQ(set[1].Path, dir.path("PUZ.WMF"));
+    EXPECT_EQ(set[2].Path, dir.path("PUZ-A.WMF"));
+    WriteExportSet(set);
+    for (const TExportFile &file : set.mid(1)) {
+        const QString png = file.Path + ".png";
+        QProcess gd;
+        gd.start(QStringLiteral("wmf2gd"), {"-t", "png", "-o", png, file.Path});
+        ASSERT_TRUE(gd.waitForFinished(30000));
+        EXPECT_EQ(gd.exitCode(), 0) << gd.readAllStandardError().constData();
+        expectSquares(QImage(png));
+        QProcess svg;
+        svg.start(QStringLiteral("wmf2svg"), {"-o", file.Path + ".svg", file.Path});
+        ASSERT_TRUE(svg.waitForFinished(30000));
+        EXPECT_EQ(svg.exitCode(), 0);
+        EXPECT_TRUE(QSvgRenderer(file.Path + ".svg").isValid());
+    }
+}

@@ -1,0 +1,140 @@
+// The export and clipboard commands as the user reaches them from the main window.
+
+#include "mainwindow/puzzlestate.h"
+#include "mainwindow/ui/tprogram.h"
+#include "mainwindow/ui/txwdmainform.h"
+#include "model/puzzlefile.h"
+#include "model/puzzletext.h"
+#include "output/ui/texportform.h"
+#include "scripteddialogs.h"
+#include "settings/txwdprocs.h"
+#include "uitestmain.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QDir>
+#include <QFile>
+#include <QMimeData>
+
+namespace {
+
+const char *const Clued =
+    "size 11\ngrid\n"
+    "CAT#DOG#EEL\nAREAREAREAR\nTEN#TEN#TEN\nAREAREAREAR\nAREAREAREAR\n"
+    "AREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\n"
+    "clues\n1A Purring pet\n1D Feline\n";
+
+}  // namespace
+
+class TestExports : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TProgram> program;
+    std::unique_ptr<TDialogScript> dialogs;
+    std::unique_ptr<TScratchDir> dir;
+    QStringList opened;
+
+    TXwdMainForm *main() { return program->MainForm; }
+    QAction *act(const char *name) { return main()->findChild<QAction *>(name); }
+
+private slots:
+    void init()
+    {
+        ResetSettings();
+        Puzzle = TPuzzle{};
+        PuzzleChanged = false;
+        CurrentPuzzlePath.clear();
+        dir = std::make_unique<TScratchDir>();
+        dialogs = std::make_unique<TDialogScript>();
+        program = std::make_unique<TProgram>();
+        program->Start({});
+        opened.clear();
+        TExportForm::OpenDocument = [this](const QString &path) { opened.append(path); };
+        const QString path = dir->path("clued.xwd");
+        WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(QString::fromLatin1(Clued))));
+        (*dialogs)->Files.append(TFileChoice{path, 1});
+        main()->ConstructOpenAct->trigger();
+    }
+
+    void cleanup()
+    {
+        program.reset();
+        dialogs.reset();
+        dir.reset();
+    }
+
+    void exportEpsWritesTheThreeFilesOfTheChosenStyle()
+    {
+        (*dialogs)->Files.append(TFileChoice{dir->path("out.eps"), 2});
+        act("ExportEPSAct")->trigger();
+        const TFileRequest request = (*dialogs)->FileRequests.last();
+        QCOMPARE(request.Title, QStringLiteral("Export EPS"));
+        QCOMPARE(request.FileName, QStringLiteral("clued.eps"));
+        QCOMPARE(request.Filter, QStringLiteral("Encapsulated PostScript|*.eps|Light Encapsulated PostScript|*.eps"));
+        QCOMPARE(request.DefaultExtension, QStringLiteral("eps"));
+        QVERIFY((*dialogs)->Errors.isEmpty());
+        QVERIFY(ReadFileBytes(dir->path("out.TXT")).startsWith("ACROSS\r\n  1 Purring pet\r\n"));
+        QVERIFY(ReadFileBytes(dir->path("out.EPS")).contains("%%Title: out.eps [light]\r\n"));
+        QVERIFY(ReadFileBytes(dir->path("out-A.EPS")).contains("nc lb (C) sh lb (A) sh lb (T) sh bb"));
+    }
+
+    void aFolderThatIsGoneShowsTheReasonAndLeavesNoFile()
+    {
+        // Root ignores folder permissions, so the unwritable folder is one that is gone.
+        const QString gone = dir->path("gone");
+        (*dialogs)->Files.append(TFileChoice{gone + "/out.eps", 1});
+        act("ExportEPSAct")->trigger();
+        (*dialogs)->Files.append(TFileChoice{gone + "/out.wmf", 1});
+        act("ExportWMFAct")->trigger();
+        (*dialogs)->Files.append(TFileChoice{gone + "/out.rtf", 1});
+        act("ExportRTFAct")->trigger();
+        QCOMPARE((*dialogs)->Errors.size(), 3);
+        QVERIFY((*dialogs)->Errors.first().contains("out.TXT"));
+        QVERIFY(opened.isEmpty());
+        QVERIFY(QDir(dir->path("")).entryList(QDir::Files).filter("out").isEmpty());
+
+        // A read-only folder, where permissions hold (not for root).
+        const QString locked = dir->path("locked");
+        QDir().mkpath(locked);
+        QFile::setPermissions(locked, QFile::ReadOwner | QFile::ExeOwner);
+        if (!QFileInfo(locked).isWritable()) {
+            (*dialogs)->Files.append(TFileChoice{locked + "/out.eps", 1});
+            act("ExportEPSAct")->trigger();
+            QCOMPARE((*dialogs)->Errors.size(), 4);
+            QVERIFY(QDir(locked).entryList(QDir::Files | QDir::Hidden).isEmpty());
+        }
+        QFile::setPermissions(locked, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    void exportRtfInformsWritesPutsTheGridOnTheClipboardAndOpensTheDocument()
+    {
+        WriteSetting("Name", "Ann Author");
+        (*dialogs)->Files.append(TFileChoice{dir->path("man.rtf"), 1});
+        act("ExportRTFAct")->trigger();
+        QVERIFY((*dialogs)->Informations.first().startsWith("Selecting Export RTF Manuscript places an image"));
+        QCOMPARE((*dialogs)->FileRequests.last().Filter, QStringLiteral("Rich Text Format|*.rtf"));
+        const QByteArray rtf = ReadFileBytes(dir->path("man.RTF"));
+        QVERIFY(rtf.contains("{\\title man}"));
+        QVERIFY(rtf.contains("\\f4\\fs22 Ann Author\r\n\\par Address 1\\tab Size of Grid: 11\xD7\r\n"));
+        QCOMPARE(opened, QStringList{dir->path("man.RTF")});
+        QVERIFY(QGuiApplication::clipboard()->mimeData()->hasFormat("image/svg+xml"));
+    }
+
+    void clipboardCommandsCarryThePictureOrTheClueText()
+    {
+        act("SolutiontoClipAct")->trigger();
+        const QMimeData *data = QGuiApplication::clipboard()->mimeData();
+        QVERIFY(data->hasFormat("image/svg+xml"));
+        QVERIFY(data->data("image/svg+xml").contains("<svg"));
+        QImage png = QImage::fromData(data->data("image/png"), "PNG");
+        QCOMPARE(png.size(), QSize(332, 332));
+        act("CluestoClipAct")->trigger();
+        const QString text = QGuiApplication::clipboard()->text();
+        QVERIFY(text.startsWith("ACROSS\r\n  1 Purring pet\r\n  4 \r\n"));
+        QVERIFY(text.contains("\r\nDOWN\r\n  1 Feline\r\n  2 \r\n"));
+    }
+};
+
+QUILLMARK_UI_TEST_MAIN(TestExports)
+#include "tst_exports.moc"

@@ -69,3 +69,5 @@ struct TCliCommand {
 
 // The commands on puzzle files themselves (info, new, convert, import, export-text).
 QList<TCliCommand> PuzzleCommands();
+// The printed pages written as PDF (export-pdf).
+QList<TCliCommand> PrintCommands();

@@ -3,7 +3,7 @@
 #include "cli.h"
 #include "settings/txwdprocs.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 namespace {
 
@@ -11,6 +11,7 @@ namespace {
 QList<TCliCommand> AllCommands()
 {
     QList<TCliCommand> commands = PuzzleCommands();
+    commands += PrintCommands();
     return commands;
 }
 
@@ -43,7 +44,10 @@ int run(QStringList args, QTextStream &out)
 }  // namespace
 int main(int argc, char *argv[])
 {
-    QCoreApplication app(argc, argv);
+    // Pages are measured with the real fonts, which need a GUI application but no screen.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);
     try {

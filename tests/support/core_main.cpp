@@ -1,13 +1,16 @@
 #include "testsupport.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <gtest/gtest.h>
 
 int main(int argc, char **argv)
 {
     IsolateUserFolders();
-    QCoreApplication app(argc, argv);
+    // The page layouts measure text with real fonts.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,4 +1,5 @@
 #include "mainwindow/ui/txwdmainform.h"
+#include "output/ui/printcommands.h"
 
 #include "clues/ui/tautoclueform.h"
 #include "mainwindow/history.h"
@@ -125,6 +126,7 @@ TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
         XwdMainForm = this;
     createActions();
     createMenus();
+    InstallPrintCommands(this);
     createBody();
     updateActions();
 }

@@ -9,6 +9,7 @@
 #include <QImage>
 
 #include <cmath>
+#include <optional>
 
 bool TPrintJob::any() const
 {
@@ -124,6 +125,9 @@ private:
     QList<TPage> pages_;
     int pageNumber_ = 0;
     QFont font_;
+    std::optional<QFontMetrics> metrics_;
+    QFont manuscriptFonts_[2];
+    bool manuscriptRead_ = false;
     int penWidth_ = 1;
     QColor brush_ = Qt::white;
 
@@ -142,8 +146,14 @@ private:
     }
     TPage &page() { return pages_.last(); }
 
-    void setFont(const QFont &font) { font_ = font; }
-    QFontMetrics metrics() const { return QFontMetrics(font_, &measuringDevice()); }
+    void setFont(const QFont &font)
+    {
+        if (font == font_ && metrics_)
+            return;
+        font_ = font;
+        metrics_.emplace(font_, &measuringDevice());
+    }
+    const QFontMetrics &metrics() const { return *metrics_; }
     int width(const QString &text) const { return metrics().horizontalAdvance(text); }
     int height() const { return metrics().height(); }
 
@@ -200,7 +210,16 @@ private:
 
     // ---- Heading and manuscript ----
 
-    QFont manuscriptFont(bool bold) const
+    QFont manuscriptFont(bool bold)
+    {
+        if (!manuscriptRead_) {
+            manuscriptFonts_[0] = readManuscriptFont(false);
+            manuscriptFonts_[1] = readManuscriptFont(true);
+            manuscriptRead_ = true;
+        }
+        return manuscriptFonts_[bold ? 1 : 0];
+    }
+    static QFont readManuscriptFont(bool bold)
     {
         QFont f = PageFont(ReadText(QStringLiteral("MSFontName"), QStringLiteral("Courier New")), ReadInt(QStringLiteral("MSFontSize"), 12),
                            ReadInt(QStringLiteral("MSFontStyle"), 0));

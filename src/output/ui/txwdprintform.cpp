@@ -198,7 +198,8 @@ void TXwdPrintForm::FormShow()
     if (TitleEdit->text().isEmpty())
         TitleEdit->setText(TitleForPuzzlePath(CurrentPuzzlePath));
     CopyEd->setValue(1);
-    PrnLbl->setText(QStringLiteral(" ") + CurrentPrinter().printerName());
+    const QString printer = CurrentPrinter().printerName();
+    PrnLbl->setText(QStringLiteral(" ") + (printer.isEmpty() ? QStringLiteral("No printer installed") : printer));
     PrintBar->setValue(0);
     ByChk->setChecked(true);
 }

@@ -90,3 +90,12 @@ void PrintToPdf(const TPuzzle &p, const TPrintJob &job, const QString &path)
 {
     WriteFileAtomically(path, PdfDocument(ComposePages(p, job), job.Title, PdfSubject(p)));
 }
+
+void TPrintToPDF::Run(const TPuzzle &p, const TPrintJob &formats) const
+{
+    TPrintJob job = formats;
+    job.Title = Title;
+    job.BlockColor = BlockColor;
+    job.SpecText = PuzzleSpecText;
+    PrintToPdf(p, job, FileName);
+}

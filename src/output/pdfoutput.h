@@ -7,6 +7,7 @@
 #include "output/pagelayout.h"
 
 #include <QByteArray>
+#include <QColor>
 #include <QList>
 #include <QString>
 
@@ -18,3 +19,15 @@ QByteArray PdfDocument(const QList<TPage> &pages, const QString &title, const QS
 // TPrintToPDF: composes the job's pages and writes them atomically to `path`.
 // Throws TPuzzleIOError when the file cannot be written; nothing is left behind then.
 void PrintToPdf(const TPuzzle &p, const TPrintJob &job, const QString &path);
+
+// The print dialog's PDF writer: the values it hands in, then one run over the formats.
+class TPrintToPDF {
+public:
+    QColor BlockColor = Qt::black;
+    QString PuzzleSpecText;
+    QString FileName;
+    QString Title;
+
+    // Writes the formats checked in `formats` (title, colour and heading from the fields).
+    void Run(const TPuzzle &p, const TPrintJob &formats) const;
+};

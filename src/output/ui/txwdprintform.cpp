@@ -275,7 +275,12 @@ void TXwdPrintForm::PDFBtnClick()
     if (!choice)
         return;
     try {
-        PrintToPdf(Puzzle, Job(), choice->Path);
+        TPrintToPDF pdf;
+        pdf.BlockColor = BlockColorFor(GrayChk->isChecked());
+        pdf.PuzzleSpecText = PuzzleSpecText;
+        pdf.FileName = choice->Path;
+        pdf.Title = TitleEdit->text();
+        pdf.Run(Puzzle, Job());
     } catch (const TPuzzleIOError &e) {
         ShowPuzzleError(QString::fromStdString(e.what()));
     }

@@ -471,7 +471,8 @@ private:
         line(m, rule, m + cols * w + 2, rule);
         penWidth_ = 1;
         QString byline;
-        if (job_.PrintByline) {
+        // "--" is the puzzle's way of saying it has no byline, so nothing prints for it.
+        if (job_.PrintByline && p_.Byline.text() != "--") {
             const QByteArray b = p_.Byline.text();
             byline = b.isEmpty() ? QStringLiteral("a Quillmark puzzle")
                                  : (QStringLiteral("by ") + FromCp1252(b)).left(63);

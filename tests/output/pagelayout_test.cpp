@@ -203,6 +203,14 @@ TEST_F(PageLayout, PuzzlePageBylineAndEveryClueEvenPastTheLastColumn)
     for (const TPage &page : pages)
         for (const TPageObject &o : page.Objects)
             EXPECT_LE(o.Y, PageHeight);
+
+    for (const auto &[byline, printed] : {std::pair<QByteArray, QString>{"--", QString()},
+                                          {"Ann Setter", QStringLiteral("by Ann Setter")}}) {
+        p.Byline.setText(byline);
+        const QStringList texts = ComposePages(p, jobOf(TPageFormat::PuzzlePage)).first().texts();
+        EXPECT_EQ(texts.filter(QRegularExpression(QStringLiteral("^(by |a Quillmark)"))),
+                  printed.isEmpty() ? QStringList() : QStringList{printed});
+    }
 }
 
 TEST(PageLayoutText, QuotesAndTitles)

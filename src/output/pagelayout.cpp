@@ -535,7 +535,9 @@ private:
         text(x, y, QStringLiteral("ACROSS"));
         y += h;
         clues(Direction::Across);
-        if (y != Y0 && !(column == 1 && y == h + 2 * h && pages_.size() > firstPuzzlePage_))
+        // A blank line before DOWN, except at the top of a column or of a further page.
+        const bool atFurtherPageTop = pages_.size() > firstPuzzlePage_ && column == 1 && y == 3 * h;
+        if (y != Y0 && !atFurtherPageTop)
             y += h;
         setFont(headFont);
         text(x, y, QStringLiteral("DOWN"));

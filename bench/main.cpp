@@ -4,9 +4,11 @@
 #include "mainwindow/specifications.h"
 #include "model/puzzlefile.h"
 #include "model/puzzletext.h"
+#include "output/pagelayout.h"
+#include "output/pdfoutput.h"
 #include "solving/scoring.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 
@@ -36,11 +38,31 @@ void measure(const char *name, int repeats, const std::function<void()> &work)
     std::printf("%-34s %10.2f us\n", name, micros);
 }
 
+// The most words a 23 grid takes in this pattern (166), every one with an 80-character
+// clue, for the printed pages.
+TPuzzle longCluedGrid()
+{
+    TPuzzle p;
+    p.ClearPuzzle(23, 'N', "Bench Setter", 0);
+    for (int r = 1; r <= 23; ++r)
+        for (int c = 1; c <= 23; ++c)
+            p.Cells(c, r) = (r % 2 == 1 && (c + (r / 2) * 2) % 4 == 1) ? BlockChar : uint8_t('A' + (c * 7 + r) % 26);
+    for (const TWordRef &w : WordsInSlotOrder(p))
+        p.setSlotAt(w.Column, w.Row, w.Dir, uint16_t(w.Index));
+    for (int slot = 1; slot <= ClueSlots; ++slot)
+        p.setClue(slot, QByteArray("A rather long clue that \"wraps\" over lines, for the bench's pages: word " +
+                                   QByteArray::number(slot)).left(80));
+    return p;
+}
+
 }  // namespace
 
 int main(int argc, char *argv[])
 {
-    QCoreApplication app(argc, argv);
+    // The printed pages measure text with real fonts: a GUI application, without a screen.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
     TPuzzle p = largestGrid();
     volatile int sink = 0;
     std::printf("23 x 23 grid, %d words\n", WordCount(p));
@@ -63,5 +85,15 @@ int main(int argc, char *argv[])
     Puzzle = p;
     measure("WritePuzzle (atomic save)", 200, [&] { WritePuzzle(path); });
     measure("OpenPuzzleFile", 200, [&] { OpenPuzzleFile(path); });
+
+    const TPuzzle clued = longCluedGrid();
+    TPrintJob job;
+    job.Title = QStringLiteral("Bench");
+    for (bool &f : job.Formats)
+        f = true;
+    std::printf("23 x 23 grid, %d words with 80-character clues, all five page formats\n", WordCount(clued));
+    measure("ComposePages", 20, [&] { sink = sink + int(ComposePages(clued, job).size()); });
+    const QString pdf = dir.filePath(QStringLiteral("bench.pdf"));
+    measure("PrintToPdf (compose and write)", 20, [&] { PrintToPdf(clued, job, pdf); });
     return sink == -1;
 }

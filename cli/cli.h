@@ -73,3 +73,5 @@ QList<TCliCommand> PuzzleCommands();
 QList<TCliCommand> InspectCommands();
 // The exports: EPS, metafile, RTF, clue text and grid picture.
 QList<TCliCommand> ExportCommands();
+// The printed pages written as PDF (export-pdf).
+QList<TCliCommand> PrintCommands();

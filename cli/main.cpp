@@ -12,6 +12,7 @@ QList<TCliCommand> AllCommands()
     QList<TCliCommand> commands = PuzzleCommands();
     commands += InspectCommands();
     commands += ExportCommands();
+    commands += PrintCommands();
     return commands;
 }
 
@@ -44,7 +45,7 @@ int run(QStringList args, QTextStream &out)
 }  // namespace
 int main(int argc, char *argv[])
 {
-    // The picture exports measure text, which needs the GUI library but never a screen.
+    // The picture exports and page layouts measure text, which needs the GUI library but never a screen.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);

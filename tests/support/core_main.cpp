@@ -7,7 +7,7 @@
 int main(int argc, char **argv)
 {
     IsolateUserFolders();
-    // The picture exports measure text; that needs the GUI library, never a screen.
+    // Pictures and pages measure text; that needs the GUI library, never a screen.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);

@@ -36,7 +36,18 @@ public:
         FileRequests.append(request);
         return Files.isEmpty() ? std::nullopt : Files.takeFirst();
     }
-    std::optional<QFont> ChooseFont(QWidget *, const QFont &) override { return std::nullopt; }
+    QList<QFont> Fonts;  // chosen in order; cancel when it runs out
+    std::optional<QFont> ChooseFont(QWidget *, const QFont &) override
+    {
+        return Fonts.isEmpty() ? std::nullopt : std::optional<QFont>(Fonts.takeFirst());
+    }
+    int PrinterRequests = 0;
+    bool PrinterAccepted = false;  // the printer dialog's answer
+    bool ChoosePrinter(QWidget *, QPrinter &) override
+    {
+        ++PrinterRequests;
+        return PrinterAccepted;
+    }
 
     // Plays the user's part in one of the program's own modal windows: the window is shown,
     // the script acts on it (clicks a button, say), and its result comes back.

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QFontDialog>
 #include <QMessageBox>
+#include <QPrintDialog>
 
 namespace {
 
@@ -68,6 +69,12 @@ public:
         bool ok = false;
         const QFont font = QFontDialog::getFont(&ok, initial, parent);
         return ok ? std::optional<QFont>(font) : std::nullopt;
+    }
+
+    bool ChoosePrinter(QWidget *parent, QPrinter &printer) override
+    {
+        QPrintDialog dialog(&printer, parent);
+        return dialog.exec() == QDialog::Accepted;
     }
 };
 

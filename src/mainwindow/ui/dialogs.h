@@ -9,6 +9,7 @@
 #include <optional>
 
 class QDialog;
+class QPrinter;
 class QWidget;
 
 enum class TAnswer { Yes, No, Cancel };
@@ -42,6 +43,8 @@ public:
     // The chosen file, or nothing when cancelled.
     virtual std::optional<TFileChoice> ChooseFile(QWidget *parent, const TFileRequest &request) = 0;
     virtual std::optional<QFont> ChooseFont(QWidget *parent, const QFont &initial) = 0;
+    // The printer dialog on `printer`; false when cancelled.
+    virtual bool ChoosePrinter(QWidget *parent, QPrinter &printer) = 0;
     // Runs one of the program's own modal windows and returns its result code.
     virtual int Exec(QDialog *dialog);
 };

@@ -1,4 +1,5 @@
 #include "mainwindow/ui/txwdmainform.h"
+#include "output/ui/printcommands.h"
 
 #include "clues/ui/tautoclueform.h"
 #include "inspect/ui/inspectcommands.h"
@@ -128,6 +129,7 @@ TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
         XwdMainForm = this;
     createActions();
     createMenus();
+    InstallPrintCommands(this);
     createBody();
     InstallInspectCommands(this);
     InstallExportCommands(this);

@@ -1,0 +1,69 @@
+#include "output/ui/printcommands.h"
+
+#include "mainwindow/puzzlestate.h"
+#include "mainwindow/specifications.h"
+#include "mainwindow/ui/dialogs.h"
+#include "mainwindow/ui/tinfowin.h"
+#include "mainwindow/ui/txwdmainform.h"
+#include "model/puzzle.h"
+#include "output/ui/tpreviewform.h"
+#include "output/ui/txwdprintform.h"
+#include "settings/txwdprocs.h"
+#include "views/ui/txwdgridform.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QPrinter>
+
+namespace {
+
+void PrinterSetup1Click(TXwdMainForm *form)
+{
+    Dialogs().ChoosePrinter(form, CurrentPrinter());
+}
+
+}  // namespace
+
+void Print1Click(TXwdMainForm *form)
+{
+    if (!form->IsPuzzleOpen())
+        return;
+    if (PuzzleMode == SolveMode) {
+        TPrintJob job;
+        job.Title = TitleForPuzzlePath(CurrentPuzzlePath);
+        job.BlockColor = BlockColorFor(ReadInt(QStringLiteral("PrintGSq"), 0) != 0);
+        job.set(TPageFormat::PuzzlePage, true);
+        if (InfoWin)
+            InfoWin->ShowProgress(TInfoWin::Printing, QPoint(35, 35) + (XwdGridForm ? XwdGridForm->pos() : QPoint()));
+        QPrinter &printer = CurrentPrinter();
+        printer.setDocName(job.Title);
+        if (!PrintPages(printer, ComposePages(Puzzle, job), 1))
+            ShowPuzzleError(QStringLiteral("The printer could not be started."));
+        if (InfoWin)
+            InfoWin->hide();
+        return;
+    }
+    TPreviewForm preview(form);
+    TXwdPrintForm dialog(&preview, form);
+    dialog.PuzzleSpecText = PuzzleSpecText(Puzzle).trimmed();
+    Dialogs().Exec(&dialog);
+}
+
+void InstallPrintCommands(TXwdMainForm *form)
+{
+    auto *print = new QAction(QStringLiteral("&Print..."), form);
+    print->setObjectName(QStringLiteral("PrintAct"));
+    print->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
+    print->setShortcutContext(Qt::ApplicationShortcut);
+    auto *setup = new QAction(QStringLiteral("Printer Set&up..."), form);
+    setup->setObjectName(QStringLiteral("PrinterSetupAct"));
+    QObject::connect(print, &QAction::triggered, form, [form] { Print1Click(form); });
+    QObject::connect(setup, &QAction::triggered, form, [form] { PrinterSetup1Click(form); });
+
+    QMenu *menu = form->Menu(QStringLiteral("PuzzleMenu"));
+    QMenu *exportMenu = form->Menu(QStringLiteral("ExportMenu"));
+    QAction *before = exportMenu ? exportMenu->menuAction() : nullptr;
+    menu->insertActions(before, {print, setup});
+    QObject::connect(form, &TXwdMainForm::ActionsUpdated, print, [form, print] { print->setEnabled(form->IsPuzzleOpen()); });
+    print->setEnabled(form->IsPuzzleOpen());
+}

@@ -1,0 +1,220 @@
+#include "model/cp1252.h"
+#include "model/puzzlefile.h"
+#include "output/pagelayout.h"
+#include "settings/txwdprocs.h"
+#include "testsupport.h"
+
+#include <QFontMetrics>
+#include <QImage>
+#include <QMap>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// A grid with a clue of `clueLength` characters in every slot: open (one word a row and a
+// column), or with a black square every fourth square of every other row for more words.
+TPuzzle openGrid(int size, int clueLength = 20, bool blocks = false)
+{
+    TPuzzle p;
+    p.ClearPuzzle(size, 'N', "Tester", 0);
+    for (int r = 1; r <= size; ++r)
+        for (int c = 1; c <= size; ++c)
+            p.Cells(c, r) = blocks && r % 2 == 0 && c % 4 == 0 ? BlockChar : uint8_t('A' + (c + r) % 26);
+    for (const TWordRef &w : WordsInSlotOrder(p)) {
+        p.setSlotAt(w.Column, w.Row, w.Dir, uint16_t(w.Index));
+        QByteArray clue = QByteArray::number(w.Number) + (w.Dir == Direction::Across ? " across" : " down");
+        while (clue.size() < clueLength)
+            clue += " word";
+        p.setClue(w.Index, clue.left(clueLength));
+    }
+    return p;
+}
+
+TPrintJob jobOf(TPageFormat f)
+{
+    TPrintJob job;
+    job.Title = QStringLiteral("Test Title");
+    job.SpecText = QStringLiteral("Size of Grid: 15\u00d7\r\n Black Squares: 0  Par: 38\r\n Word Count: 30  Par: 78");
+    job.set(f, true);
+    return job;
+}
+
+QList<TPageObject> ofKind(const TPage &page, TPageObject::TKind kind, int penWidth = 0)
+{
+    QList<TPageObject> result;
+    for (const TPageObject &o : page.Objects)
+        if (o.Kind == kind && (penWidth == 0 || o.PenWidth == penWidth))
+            result.append(o);
+    return result;
+}
+
+const TPageObject *findText(const TPage &page, const QString &text)
+{
+    for (const TPageObject &o : page.Objects)
+        if (o.Kind == TPageObject::TextItem && o.Text == text)
+            return &o;
+    return nullptr;
+}
+
+int textWidth(const TPageObject &o, const QString &text)
+{
+    QImage device(1, 1, QImage::Format_RGB32);
+    device.setDotsPerMeterX(10000);
+    device.setDotsPerMeterY(10000);
+    return QFontMetrics(o.Font, &device).horizontalAdvance(text);
+}
+
+class PageLayout : public ::testing::Test {
+protected:
+    void SetUp() override { ResetSettings(); }
+};
+
+}  // namespace
+
+TEST_F(PageLayout, GridPageSquaresAre86UnitsAndSitTwoSquaresBelowTheCentre)
+{
+    const QList<TPage> pages = ComposePages(openGrid(15), jobOf(TPageFormat::NumberedGrid));
+    ASSERT_EQ(pages.size(), 1);
+    const QList<TPageObject> squares = ofKind(pages[0], TPageObject::RectangleItem, 2);
+    ASSERT_EQ(squares.size(), 15 * 15);
+    EXPECT_EQ(squares[1].X - squares[0].X, 86);
+    EXPECT_EQ(squares[0].X2 - squares[0].X, 87);
+    const int gridMiddle = squares[0].Y + 15 * 86 / 2;
+    EXPECT_NEAR(gridMiddle, PageHeight / 2 + 2 * 86, 1);
+    EXPECT_NEAR(squares[0].X + 15 * 86 / 2, PageWidth / 2, 1);
+    // The grid page's heading has the address but no specification column.
+    EXPECT_NE(findText(pages[0], QStringLiteral("Your Name")), nullptr);
+    EXPECT_NE(findText(pages[0], QStringLiteral("Page 1")), nullptr);
+    EXPECT_EQ(findText(pages[0], QStringLiteral("Size of Grid: 15\u00d7")), nullptr);
+}
+
+TEST_F(PageLayout, ManuscriptCarriesTheSpecificationColumnAndEndsWithItsGrid)
+{
+    const QList<TPage> pages = ComposePages(openGrid(15), jobOf(TPageFormat::Manuscript));
+    ASSERT_GE(pages.size(), 2);
+    EXPECT_NE(findText(pages[0], QStringLiteral("Size of Grid: 15\u00d7")), nullptr);
+    EXPECT_NE(findText(pages[0], QStringLiteral("Black Squares: 0  ")), nullptr);
+    EXPECT_NE(findText(pages[0], QStringLiteral("Word Count: 30 ")), nullptr);
+    EXPECT_EQ(ofKind(pages.last(), TPageObject::RectangleItem, 2).size(), 15 * 15);
+    // Later manuscript pages carry only the title line.
+    for (int i = 1; i + 1 < pages.size(); ++i)
+        EXPECT_EQ(findText(pages[i], QStringLiteral("Your Name")), nullptr) << "page " << i + 1;
+}
+
+TEST_F(PageLayout, DefinitionsOnTheRightPutAnswersAtTheLeftMargin)
+{
+    const TPuzzle p = openGrid(15);
+    const QString firstAnswer = FromCp1252(p.GetWord(1, 1, 'a'));
+    for (const bool left : {true, false}) {
+        WriteSetting(QStringLiteral("DefsOnLeft"), left ? 1 : 0);
+        const TPage page = ComposePages(p, jobOf(TPageFormat::Manuscript)).first();
+        const TPageObject *across = findText(page, QStringLiteral("ACROSS"));
+        const TPageObject *answer = findText(page, firstAnswer);
+        ASSERT_TRUE(across && answer);
+        const int m = textWidth(*across, QStringLiteral("M"));
+        if (left) {
+            EXPECT_EQ(across->X, PageWidth / 17);
+            EXPECT_GT(answer->X, across->X);
+        } else {
+            EXPECT_EQ(answer->X, PageWidth / 17);
+            EXPECT_EQ(across->X, PageWidth / 17 + 25 * m);
+        }
+    }
+}
+
+TEST_F(PageLayout, ManuscriptCutsAClueWithoutSpacesWithAHyphenAndKeepsEveryCharacter)
+{
+    TPuzzle p = openGrid(11);
+    const QByteArray clue(78, 'W');
+    p.setClue(1, clue);
+    const TPage page = ComposePages(p, jobOf(TPageFormat::Manuscript)).first();
+    const QStringList texts = page.texts();
+    const qsizetype first = texts.indexOf(QRegularExpression(QStringLiteral("^W+-$")));
+    ASSERT_GE(first, 0) << texts.join(u'|').toStdString();
+    QString joined = texts[first].chopped(1);
+    for (qsizetype i = first + 1; i < texts.size() && texts[i].startsWith(u'W'); ++i)
+        joined += texts[i].endsWith(u'-') ? texts[i].chopped(1) : texts[i];
+    EXPECT_EQ(joined, QString::fromLatin1(clue));
+}
+
+TEST_F(PageLayout, PuzzlePageColumnsFollowTheGridSize)
+{
+    struct Case {
+        int size;
+        int columns;
+        bool secondBesideGrid;
+    };
+    for (const Case c : {Case{15, 3, false}, Case{21, 5, true}}) {
+        SCOPED_TRACE(QStringLiteral("a %1 grid").arg(c.size).toStdString());
+        const QList<TPage> pages = ComposePages(openGrid(c.size, 78, true), jobOf(TPageFormat::PuzzlePage));
+        ASSERT_FALSE(pages.isEmpty());
+        const TPageObject frame = ofKind(pages[0], TPageObject::RectangleItem, 4).first();
+        const int m = PageWidth / 34;
+        const int w = (PageWidth - 2 * m) / c.columns;
+        QMap<int, int> columnTop;
+        for (const TPageObject &o : pages[0].Objects) {
+            if (o.Kind != TPageObject::TextItem || o.Y < frame.Y || o.X > frame.X - 3 && o.Y < frame.Y2)
+                continue;
+            const int column = (o.X - m) / w;
+            columnTop[column] = columnTop.contains(column) ? std::min(columnTop[column], o.Y) : o.Y;
+        }
+        EXPECT_EQ(columnTop.size(), c.columns);
+        EXPECT_LT(columnTop.value(0), frame.Y2);
+        if (c.secondBesideGrid)
+            EXPECT_LT(columnTop.value(1), frame.Y2) << "the second column stands beside the grid";
+        else
+            EXPECT_GT(columnTop.value(1), frame.Y2) << "the second column starts below the grid";
+        for (int col = 2; col < c.columns; ++col)
+            EXPECT_GT(columnTop.value(col), frame.Y2) << "column " << col + 1;
+        // No clue text runs into the grid beside it.
+        for (const TPageObject &o : pages[0].Objects)
+            if (o.Kind == TPageObject::TextItem && o.X < frame.X && o.Y > frame.Y && o.Y < frame.Y2)
+                EXPECT_LE(o.X + textWidth(o, o.Text), frame.X) << o.Text.toStdString();
+    }
+}
+
+TEST_F(PageLayout, PuzzlePageTextGrowsForSmallerGrids)
+{
+    EXPECT_EQ(PuzzlePageSizeStep(13), 3);
+    EXPECT_EQ(PuzzlePageSizeStep(17), 2);
+    EXPECT_EQ(PuzzlePageSizeStep(19), 1);
+    EXPECT_EQ(PuzzlePageSizeStep(21), 0);
+    const auto acrossSize = [](int size) {
+        const TPage page = ComposePages(openGrid(size), jobOf(TPageFormat::PuzzlePage)).first();
+        return findText(page, QStringLiteral("ACROSS"))->Font.pixelSize();
+    };
+    EXPECT_EQ(acrossSize(13), qRound(12 * 254 / 72.0));
+    EXPECT_EQ(acrossSize(21), qRound(9 * 254 / 72.0));
+}
+
+TEST_F(PageLayout, PuzzlePageBylineAndEveryClueEvenPastTheLastColumn)
+{
+    TPuzzle p = openGrid(23, 80);
+    p.Byline.setText("");
+    const QList<TPage> pages = ComposePages(p, jobOf(TPageFormat::PuzzlePage));
+    EXPECT_NE(findText(pages[0], QStringLiteral("a Quillmark puzzle")), nullptr);
+    int clueStarts = 0;
+    for (const TPage &page : pages)
+        for (const QString &t : page.texts())
+            clueStarts += t.contains(QRegularExpression(QStringLiteral("^\\d+ (across|down)")));
+    EXPECT_EQ(clueStarts, 46);
+    for (const TPage &page : pages)
+        for (const TPageObject &o : page.Objects)
+            EXPECT_LE(o.Y, PageHeight);
+
+    for (const auto &[byline, printed] : {std::pair<QByteArray, QString>{"--", QString()},
+                                          {"Ann Setter", QStringLiteral("by Ann Setter")}}) {
+        p.Byline.setText(byline);
+        const QStringList texts = ComposePages(p, jobOf(TPageFormat::PuzzlePage)).first().texts();
+        EXPECT_EQ(texts.filter(QRegularExpression(QStringLiteral("^(by |a Quillmark)"))),
+                  printed.isEmpty() ? QStringList() : QStringList{printed});
+    }
+}
+
+TEST(PageLayoutText, QuotesAndTitles)
+{
+    EXPECT_EQ(ConvertQuotes("He said \"yes\" and 'no' \""), QByteArray("He said \x93yes\x94 and \x92no\x92 \x93"));
+    EXPECT_EQ(TitleForPuzzlePath(QStringLiteral("/some/where/MYPUZ.xwd")), QStringLiteral("MYPUZ"));
+}

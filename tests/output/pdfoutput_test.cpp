@@ -1,0 +1,165 @@
+#include "model/cp1252.h"
+#include "model/puzzlefile.h"
+#include "output/pagelayout.h"
+#include "output/pdfoutput.h"
+#include "testsupport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+// poppler's tools read back what the PDF writer wrote.
+
+namespace {
+
+QString run(const QString &program, const QStringList &args, int *code = nullptr)
+{
+    QProcess p;
+    p.start(program, args);
+    EXPECT_TRUE(p.waitForFinished(60000)) << program.toStdString();
+    if (code)
+        *code = p.exitCode();
+    return QString::fromUtf8(p.readAllStandardOutput());
+}
+
+QString infoField(const QString &info, const QString &name)
+{
+    const QRegularExpression re(QStringLiteral("^%1:\\s*(.*)$").arg(name), QRegularExpression::MultilineOption);
+    const auto match = re.match(info);
+    return match.hasMatch() ? match.captured(1).trimmed() : QString();
+}
+
+TPuzzle example()
+{
+    return LoadPuzzleFile(QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd")).Puzzle;
+}
+
+TPrintJob job(std::initializer_list<TPageFormat> formats, const QString &title = QStringLiteral("Sunday Stroll"))
+{
+    TPrintJob j;
+    j.Title = title;
+    for (TPageFormat f : formats)
+        j.set(f, true);
+    return j;
+}
+
+class PdfOutput : public ::testing::Test {
+protected:
+    void SetUp() override { ResetSettings(); }
+    TScratchDir dir;
+};
+
+}  // namespace
+
+TEST_F(PdfOutput, LetterPagesCountedPerFormatWithTitleAndSubject)
+{
+    const TPuzzle p = example();
+    struct Case {
+        std::initializer_list<TPageFormat> formats;
+        int pages;
+    };
+    const int manuscriptPages = int(ComposePages(p, job({TPageFormat::Manuscript})).size());
+    ASSERT_GE(manuscriptPages, 2);
+    for (const Case &c : {Case{{TPageFormat::PuzzlePage}, 1},
+                          Case{{TPageFormat::NumberedGrid, TPageFormat::PuzzlePage}, 2},
+                          Case{{TPageFormat::Manuscript, TPageFormat::SolutionGrid}, manuscriptPages + 1}}) {
+        const QString path = dir.path(QStringLiteral("out.pdf"));
+        PrintToPdf(p, job(c.formats), path);
+        const QString info = run(QStringLiteral("pdfinfo"), {path});
+        EXPECT_EQ(infoField(info, QStringLiteral("Pages")).toInt(), c.pages);
+        EXPECT_TRUE(infoField(info, QStringLiteral("Page size")).contains(QStringLiteral("letter"))) << info.toStdString();
+        EXPECT_EQ(infoField(info, QStringLiteral("Title")), QStringLiteral("Sunday Stroll"));
+        EXPECT_EQ(infoField(info, QStringLiteral("Creator")), QStringLiteral("Quillmark 6"));
+        EXPECT_EQ(infoField(info, QStringLiteral("Subject")), FromCp1252(p.Byline.text()));
+    }
+    for (const auto &[byline, subject] : {std::pair<QByteArray, QString>{"--", QString()},
+                                          {"", QStringLiteral("a Quillmark puzzle")},
+                                          {"by Zo\xEB", QString::fromUtf8("by Zoë")}}) {
+        TPuzzle q = p;
+        q.Byline.setText(byline);
+        const QString path = dir.path(QStringLiteral("subject.pdf"));
+        PrintToPdf(q, job({TPageFormat::PuzzlePage}), path);
+        EXPECT_EQ(infoField(run(QStringLiteral("pdfinfo"), {path}), QStringLiteral("Subject")), subject);
+    }
+}
+
+TEST_F(PdfOutput, ManuscriptTextHoldsEveryNumberAndAnswer)
+{
+    const TPuzzle p = example();
+    const QString path = dir.path(QStringLiteral("ms.pdf"));
+    PrintToPdf(p, job({TPageFormat::Manuscript}), path);
+    const QString text = run(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
+    for (const QString &s : {QStringLiteral("Sunday Stroll"), QStringLiteral("Page 1"), QStringLiteral("ACROSS"),
+                             QStringLiteral("DOWN")})
+        EXPECT_TRUE(text.contains(s)) << s.toStdString();
+    const TGridArray<int> numbers = SquareNumbers(p);
+    for (const TWordRef &w : WordsInSlotOrder(p)) {
+        const QString answer = FromCp1252(p.GetWord(w.Column, w.Row, char(w.Dir)));
+        const QRegularExpression line(QStringLiteral("(^|\\s)%1\\s.*\\s%2\\s*$").arg(numbers(w.Column, w.Row)).arg(answer),
+                                      QRegularExpression::MultilineOption);
+        EXPECT_TRUE(line.match(text).hasMatch()) << w.Number << " " << answer.toStdString();
+    }
+}
+
+TEST_F(PdfOutput, BlackSquaresPrintDarkAndOpenSquaresLight)
+{
+    const TPuzzle p = example();
+    const QString path = dir.path(QStringLiteral("ng.pdf"));
+    const TPrintJob j = job({TPageFormat::NumberedGrid});
+    PrintToPdf(p, j, path);
+    // 127 dots per inch: half a pixel to a page unit.
+    run(QStringLiteral("pdftoppm"), {QStringLiteral("-r"), QStringLiteral("127"), QStringLiteral("-png"), path,
+                                     dir.path(QStringLiteral("ng"))});
+    QImage image(dir.path(QStringLiteral("ng-1.png")));
+    ASSERT_FALSE(image.isNull());
+    const TPage page = ComposePages(p, j).first();
+    QList<TPageObject> squares;
+    for (const TPageObject &o : page.Objects)
+        if (o.Kind == TPageObject::RectangleItem && o.PenWidth == 2)
+            squares.append(o);
+    ASSERT_EQ(squares.size(), p.Size * p.Size);
+    int i = 0;
+    for (int r = 1; r <= p.Size; ++r)
+        for (int c = 1; c <= p.Size; ++c, ++i) {
+            const QPoint centre((squares[i].X + squares[i].X2) / 4, (squares[i].Y + squares[i].Y2) / 4);
+            const int gray = qGray(image.pixel(centre));
+            if (p.isBlock(c, r))
+                EXPECT_LT(gray, 60) << c << "," << r;
+            else
+                EXPECT_GT(gray, 200) << c << "," << r;
+        }
+}
+
+TEST_F(PdfOutput, CommandLineWritesTheChosenFormatsOrNothing)
+{
+    const QString in = QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd");
+    const QString out = dir.path(QStringLiteral("cli.pdf"));
+    int code = -1;
+    run(QStringLiteral(QUILLMARK_CLI), {QStringLiteral("export-pdf"), QStringLiteral("--formats"), QStringLiteral("ng,pp"), in, out}, &code);
+    EXPECT_EQ(code, 0);
+    const QString info = run(QStringLiteral("pdfinfo"), {out});
+    EXPECT_EQ(infoField(info, QStringLiteral("Pages")).toInt(), 2);
+    EXPECT_EQ(infoField(info, QStringLiteral("Title")), QStringLiteral("sunday-stroll"));
+    QFile::remove(out);
+
+    // No format chosen in the settings, an unknown format, an unreadable puzzle, an
+    // unwritable folder: each its exit code, and no file.
+    const QString missing = dir.path(QStringLiteral("missing.xwd"));
+    const QString badFolder = dir.path(QStringLiteral("no/such/folder/x.pdf"));
+    struct Case {
+        QStringList args;
+        int code;
+    };
+    for (const Case &c : {Case{{in, out}, 1}, Case{{QStringLiteral("--formats"), QStringLiteral("ms,xx"), in, out}, 1},
+                          Case{{QStringLiteral("--formats"), QStringLiteral("pp"), missing, out}, 2},
+                          Case{{QStringLiteral("--formats"), QStringLiteral("pp"), in, badFolder}, 3}}) {
+        run(QStringLiteral(QUILLMARK_CLI), QStringList{QStringLiteral("export-pdf")} + c.args, &code);
+        EXPECT_EQ(code, c.code) << c.args.join(u' ').toStdString();
+        EXPECT_FALSE(QFile::exists(out));
+        EXPECT_FALSE(QFile::exists(badFolder));
+    }
+}

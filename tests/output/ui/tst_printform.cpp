@@ -1,0 +1,203 @@
+// The print options dialog, the preview and the print command, with scripted dialogs and
+// the printer writing to a PDF file.
+
+#include "mainwindow/puzzlestate.h"
+#include "mainwindow/ui/tprogram.h"
+#include "mainwindow/ui/txwdmainform.h"
+#include "model/puzzlefile.h"
+#include "output/pagelayout.h"
+#include "output/ui/tpreviewform.h"
+#include "output/ui/txwdprintform.h"
+#include "scripteddialogs.h"
+#include "settings/txwdprocs.h"
+#include "uitestmain.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QFile>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPrinter>
+#include <QProcess>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSpinBox>
+
+namespace {
+
+const QString Example = QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd");
+
+int pdfPages(const QString &path)
+{
+    QProcess p;
+    p.start(QStringLiteral("pdfinfo"), {path});
+    p.waitForFinished(30000);
+    const auto m = QRegularExpression(QStringLiteral("Pages:\\s*(\\d+)")).match(QString::fromUtf8(p.readAllStandardOutput()));
+    return m.hasMatch() ? m.captured(1).toInt() : -1;
+}
+
+}  // namespace
+
+class TestPrintForm : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TDialogScript> dialogs;
+    std::unique_ptr<TScratchDir> dir;
+    std::unique_ptr<TPreviewForm> preview;
+    std::unique_ptr<TXwdPrintForm> form;
+
+    void check(std::initializer_list<QCheckBox *> boxes)
+    {
+        for (QCheckBox *box : {form->MSChk, form->MSGChk, form->NGChk, form->SGChk, form->PPChk})
+            box->setChecked(std::find(boxes.begin(), boxes.end(), box) != boxes.end());
+    }
+
+private slots:
+    void init()
+    {
+        ResetSettings();
+        Puzzle = LoadPuzzleFile(Example).Puzzle;
+        CurrentPuzzlePath = Example;
+        PuzzleMode = ConstructMode;
+        dir = std::make_unique<TScratchDir>();
+        dialogs = std::make_unique<TDialogScript>();
+        preview = std::make_unique<TPreviewForm>();
+        form = std::make_unique<TXwdPrintForm>(preview.get());
+        form->show();
+    }
+
+    void cleanup()
+    {
+        form.reset();
+        preview.reset();
+        dialogs.reset();
+    }
+
+    void showingReadsTheSettingsAndNamesTheTitle()
+    {
+        QCOMPARE(form->windowTitle(), QStringLiteral("Print Puzzle"));
+        QCOMPARE(form->TitleEdit->text(), QStringLiteral("sunday-stroll"));
+        QVERIFY(!form->MSChk->isChecked());
+        QCOMPARE(form->CopyEd->value(), 1);
+        QVERIFY(form->ByChk->isChecked());
+        QVERIFY(form->PrintBtn->isDefault());
+    }
+
+    void nothingCheckedGivesEachMessageAndKeepsTheDialogOpen()
+    {
+        check({});
+        QTest::mouseClick(form->PrevBtn, Qt::LeftButton);
+        QTest::mouseClick(form->PrintBtn, Qt::LeftButton);
+        QTest::mouseClick(form->PDFBtn, Qt::LeftButton);
+        QCOMPARE((*dialogs)->Errors, QStringList({QStringLiteral("Nothing to preview! Please select one or more formats."),
+                                                  QStringLiteral("Nothing to print! Please select one or more formats."),
+                                                  QStringLiteral("Nothing to print! Please select one or more formats.")}));
+        QVERIFY((*dialogs)->FileRequests.isEmpty());
+        QVERIFY((*dialogs)->ExecutedDialogs.isEmpty());
+        QVERIFY(form->isVisible());
+    }
+
+    void defaultWritesTheSixSettingsOnlyWhenChecked()
+    {
+        check({form->MSChk, form->PPChk});
+        form->GrayChk->setChecked(true);
+        QTest::mouseClick(form->DefChk, Qt::LeftButton, {}, QPoint(6, form->DefChk->height() / 2));
+        const QStringList keys = {"PrintMSS", "PrintMSG", "PrintNGr", "PrintSGr", "PrintPPg", "PrintGSq"};
+        const QList<int> expected = {1, 0, 0, 0, 1, 1};
+        for (int i = 0; i < keys.size(); ++i)
+            QCOMPARE(ReadInt(keys[i], -1), expected[i]);
+        form->NGChk->setChecked(true);
+        QTest::mouseClick(form->DefChk, Qt::LeftButton, {}, QPoint(6, form->DefChk->height() / 2));  // unchecking writes nothing
+        QCOMPARE(ReadInt(QStringLiteral("PrintNGr"), -1), 0);
+        form->hide();
+        form->show();
+        QVERIFY(form->MSChk->isChecked() && form->PPChk->isChecked() && form->GrayChk->isChecked());
+        QVERIFY(!form->NGChk->isChecked() && !form->DefChk->isChecked());
+    }
+
+    void fontsAreSetWithThePuzzlePageStepAndReset()
+    {
+        QFont chosen(QStringLiteral("Arial"));
+        chosen.setPointSize(12);
+        chosen.setBold(true);
+        (*dialogs)->Fonts = {chosen, chosen};
+        QTest::mouseClick(form->PPTextBtn, Qt::LeftButton);
+        QCOMPARE(ReadInt(QStringLiteral("PPFontSize"), -1), 9);  // a 13 grid adds 3
+        QCOMPARE(ReadInt(QStringLiteral("PPFontStyle"), -1), 1);
+        QTest::mouseClick(form->MSTextBtn, Qt::LeftButton);
+        QCOMPARE(ReadInt(QStringLiteral("MSFontSize"), -1), 12);
+        QCOMPARE(ReadText(QStringLiteral("MSFontName")), QStringLiteral("Arial"));
+        form->ByChk->setChecked(false);
+        QTest::mouseClick(form->ResetBtn, Qt::LeftButton);
+        QCOMPARE(ReadText(QStringLiteral("MSFontName")), QStringLiteral("Courier New"));
+        QCOMPARE(ReadInt(QStringLiteral("MSFontStyle"), -1), 0);
+        QCOMPARE(ReadInt(QStringLiteral("MSFontSize"), -1), 12);
+        QCOMPARE(ReadText(QStringLiteral("PPFontName")), QStringLiteral("Times New Roman"));
+        QCOMPARE(ReadInt(QStringLiteral("PPFontStyle"), -1), 0);
+        QCOMPARE(ReadInt(QStringLiteral("PPFontSize"), -1), 9);
+        QVERIFY(form->ByChk->isChecked());
+    }
+
+    void previewPrinterAndPdfAllHaveTheSamePages()
+    {
+        check({form->MSChk, form->NGChk, form->PPChk});
+        const QString pdf = dir->path(QStringLiteral("out.pdf"));
+        (*dialogs)->Files = {TFileChoice{pdf, 1}};
+        QTest::mouseClick(form->PDFBtn, Qt::LeftButton);
+        QCOMPARE((*dialogs)->FileRequests.first().FileName, QStringLiteral("sunday-stroll.pdf"));
+        const int pages = pdfPages(pdf);
+        QVERIFY(pages >= 3);
+
+        int shown = -1;
+        (*dialogs)->DialogScripts = {[&](QDialog *) { shown = preview->PageCount(); }};
+        QTest::mouseClick(form->PrevBtn, Qt::LeftButton);
+        QCOMPARE((*dialogs)->ExecutedDialogs, QStringList{QStringLiteral("PreviewForm")});
+        QCOMPARE(shown, pages);
+
+        const QString printed = dir->path(QStringLiteral("printed.pdf"));
+        CurrentPrinter().setOutputFormat(QPrinter::PdfFormat);
+        CurrentPrinter().setOutputFileName(printed);
+        (*dialogs)->PrinterAccepted = true;
+        QTest::mouseClick(form->PrintBtn, Qt::LeftButton);
+        QCOMPARE((*dialogs)->PrinterRequests, 1);
+        QCOMPARE(pdfPages(printed), pages);
+        QCOMPARE(form->PrintBar->value(), pages);
+    }
+
+    void printCommandOpensTheDialogOrPrintsThePuzzlePageWhenSolving()
+    {
+        form.reset();
+        TProgram program;
+        program.Start({});
+        TXwdMainForm *main = program.MainForm;
+        auto *print = main->findChild<QAction *>(QStringLiteral("PrintAct"));
+        QVERIFY(print);
+        QCOMPARE(print->shortcut(), QKeySequence(QStringLiteral("Ctrl+P")));
+        const QList<QAction *> actions = main->Menu(QStringLiteral("PuzzleMenu"))->actions();
+        QVERIFY(actions.indexOf(print) < actions.indexOf(main->Menu(QStringLiteral("ExportMenu"))->menuAction()));
+        QVERIFY(!print->isEnabled());
+
+        (*dialogs)->Files = {TFileChoice{Example, 1}};
+        main->ConstructOpenAct->trigger();
+        QVERIFY(print->isEnabled());
+        QString title;
+        (*dialogs)->DialogScripts = {[&](QDialog *d) { title = d->findChild<QLineEdit *>(QStringLiteral("TitleEdit"))->text(); }};
+        print->trigger();
+        QCOMPARE((*dialogs)->ExecutedDialogs, QStringList{QStringLiteral("XwdPrintForm")});
+        QCOMPARE(title, QStringLiteral("sunday-stroll"));
+
+        (*dialogs)->Files = {TFileChoice{Example, 1}};
+        main->OpenSolveAct->trigger();
+        const QString printed = dir->path(QStringLiteral("solving.pdf"));
+        CurrentPrinter().setOutputFormat(QPrinter::PdfFormat);
+        CurrentPrinter().setOutputFileName(printed);
+        print->trigger();
+        QCOMPARE((*dialogs)->ExecutedDialogs.size(), 1);
+        QCOMPARE(pdfPages(printed), 1);
+    }
+};
+
+QUILLMARK_UI_TEST_MAIN(TestPrintForm)
+#include "tst_printform.moc"

@@ -1,6 +1,7 @@
 #include "mainwindow/ui/txwdmainform.h"
 
 #include "clues/ui/tautoclueform.h"
+#include "clues/ui/tbylineform.h"
 #include "mainwindow/history.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/specifications.h"
@@ -126,6 +127,7 @@ TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
     createActions();
     createMenus();
     createBody();
+    InstallBylineCommands(this);
     updateActions();
 }
 

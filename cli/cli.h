@@ -69,3 +69,5 @@ struct TCliCommand {
 
 // The commands on puzzle files themselves (info, new, convert, import, export-text).
 QList<TCliCommand> PuzzleCommands();
+// The clue-writing commands (deflist, byline).
+QList<TCliCommand> ClueCommands();

@@ -11,6 +11,7 @@ namespace {
 QList<TCliCommand> AllCommands()
 {
     QList<TCliCommand> commands = PuzzleCommands();
+    commands += ClueCommands();
     return commands;
 }
 

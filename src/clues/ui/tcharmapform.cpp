@@ -7,6 +7,7 @@
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QScreen>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -81,6 +82,22 @@ void TCharMapForm::focusAutoclue()
         return;
     AutoclueForm->activateWindow();
     AutoclueForm->DefEdit->setFocus();
+}
+
+void TCharMapForm::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (placed_ || !AutoclueForm)
+        return;
+    // Beside Autoclue's right end, where the clue is written; inside it when the screen
+    // has no room there.
+    placed_ = true;
+    const QRect autoclue = AutoclueForm->frameGeometry();
+    const QRect area = AutoclueForm->screen() ? AutoclueForm->screen()->geometry() : QRect(0, 0, 1024, 768);
+    int left = autoclue.right() + 1 + 4;
+    if (left + frameGeometry().width() > area.right())
+        left = autoclue.right() - frameGeometry().width();
+    move(left, std::max(area.top(), autoclue.bottom() - frameGeometry().height()));
 }
 
 void TCharMapForm::closeEvent(QCloseEvent *event)

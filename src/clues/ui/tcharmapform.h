@@ -17,9 +17,12 @@ public:
     void CharGridSelectCell(int col, int row);
 
 protected:
+    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
     void FormCreate();
     void focusAutoclue();
+
+    bool placed_ = false;
 };

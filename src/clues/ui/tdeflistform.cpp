@@ -101,7 +101,23 @@ void TDefListForm::FormShow()
     setMinimumHeight(caption + Panel1->sizeHint().height() + 3 * AcrList->sizeHintForRow(0));
     LoadFonts();
     Fill();
+    if (!placed_)
+        placeByAutoclue();
     layoutLists();
+}
+
+void TDefListForm::placeByAutoclue()
+{
+    placed_ = true;
+    if (!AutoclueForm)
+        return;
+    // Below Autoclue, as wide, where the screen has room; above it otherwise.
+    const QRect area = screenArea();
+    const QRect autoclue = AutoclueForm->frameGeometry();
+    resize(std::max(autoclue.width(), minimumWidth()), height());
+    const int below = autoclue.bottom() + 1 + 4;
+    const int top = below + height() <= area.bottom() ? below : std::max(area.top(), autoclue.top() - 4 - height());
+    move(autoclue.left(), top);
 }
 
 void TDefListForm::LoadFonts()

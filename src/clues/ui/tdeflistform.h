@@ -50,5 +50,8 @@ protected:
 
 private:
     void layoutLists();
+    void placeByAutoclue();
     QRect screenArea() const;
+
+    bool placed_ = false;
 };

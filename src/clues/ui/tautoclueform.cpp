@@ -306,12 +306,10 @@ void TAutoclueForm::createCompanions()
 
 void TAutoclueForm::releaseCompanions()
 {
-    for (QWidget *companion : {static_cast<QWidget *>(CharMapForm), static_cast<QWidget *>(DefListForm)}) {
-        if (companion) {
-            companion->close();
-            delete companion;
-        }
-    }
+    // Deleted, not closed: closing the character map would hand the focus back to this
+    // window while it is going away.
+    delete CharMapForm.data();
+    delete DefListForm.data();
 }
 
 void TAutoclueForm::CharsBtnClick()

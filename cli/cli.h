@@ -75,3 +75,5 @@ QList<TCliCommand> InspectCommands();
 QList<TCliCommand> ExportCommands();
 // The printed pages written as PDF (export-pdf).
 QList<TCliCommand> PrintCommands();
+// The clue-writing commands (deflist, byline).
+QList<TCliCommand> ClueCommands();

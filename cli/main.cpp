@@ -13,6 +13,7 @@ QList<TCliCommand> AllCommands()
     commands += InspectCommands();
     commands += ExportCommands();
     commands += PrintCommands();
+    commands += ClueCommands();
     return commands;
 }
 

@@ -71,3 +71,10 @@ int ParseGridLanguage(const QString &text)
             return i;
     return -1;
 }
+
+void MarkLanguageChoice(TPuzzle &p, int language)
+{
+    QByteArray text = p.clue(ClueSlots);
+    text.chop(1);
+    p.setClue(ClueSlots, (text + QByteArray::number(language)).left(MaxClueLength));
+}

@@ -1,6 +1,8 @@
 #pragma once
 // The grid languages: which capitals besides A to Z the grid accepts.
 
+#include "model/puzzle.h"
+
 #include <QString>
 
 #include <bitset>
@@ -18,3 +20,7 @@ QString GridLanguageSuffix(int language);
 TCharSet GridCharSetFor(int language);
 // Resolves a name (any case) or a number from 0 to 8; -1 when neither.
 int ParseGridLanguage(const QString &text);
+
+// The preferences' language choice also marks the open puzzle: the last character of clue
+// slot 180, the slot no word uses, is replaced by the chosen value's digit.
+void MarkLanguageChoice(TPuzzle &p, int language);

@@ -55,3 +55,8 @@ QByteArray ToCp1252(const QString &text, char replacement)
     }
     return bytes;
 }
+
+QString KeepCp1252(const QString &text, char replacement)
+{
+    return FromCp1252(ToCp1252(text, replacement));
+}

@@ -15,3 +15,6 @@ int UnicodeToCp1252(QChar ch);
 QString FromCp1252(const QByteArray &bytes);
 // Characters with no Windows-1252 code become `replacement`.
 QByteArray ToCp1252(const QString &text, char replacement = '?');
+// The text as it will be stored: every character with no Windows-1252 code becomes
+// `replacement`, so an edit can show the user what the puzzle keeps.
+QString KeepCp1252(const QString &text, char replacement = '?');

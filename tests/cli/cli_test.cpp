@@ -168,3 +168,25 @@ TEST(Cli, ImportAndExportTextRoundTrip)
     EXPECT_EQ(cli({"import", dir.path("p.txt"), dir.path("q.xwd")}).code, 2) << "no file the program would refuse";
     EXPECT_FALSE(QFile::exists(dir.path("q.xwd")));
 }
+
+TEST(Cli, DeflistAndBylineReachTheClueTools)
+{
+    TScratchDir dir;
+    const QString in = writeClued(dir);
+    const CliRun list = cli({"deflist", in});
+    ASSERT_EQ(list.code, 0) << list.err.toStdString();
+    const QStringList lines = list.out.split(u'\n');
+    EXPECT_EQ(lines.value(0), "ACROSS");
+    EXPECT_EQ(lines.value(1), "    1  Purring pet  | CAT");
+    EXPECT_EQ(lines.value(2), QString::fromUtf8("    4  Barking “pet”  | DOG"));
+    EXPECT_TRUE(lines.contains("DOWN"));
+
+    const QString out = dir.path("out.xwd");
+    EXPECT_EQ(cli({"byline", "--text", QString::fromUtf8("Zoë 中"), in, out}).code, 1);
+    EXPECT_FALSE(QFile::exists(out)) << "a byline the puzzle cannot keep writes nothing";
+    EXPECT_EQ(cli({"byline", "--none", in, out}).code, 0);
+    EXPECT_EQ(LoadPuzzleFile(out).Puzzle.Byline.text(), QByteArray("--"));
+    EXPECT_EQ(cli({"byline", "--text", QString(70, u'x'), in, out}).code, 0);
+    EXPECT_EQ(LoadPuzzleFile(out).Puzzle.Byline.text(), QByteArray(60, 'x'));
+    EXPECT_EQ(cli({"byline", in, out}).code, 1);
+}

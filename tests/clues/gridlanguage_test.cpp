@@ -21,6 +21,7 @@ TEST(GridLanguages, AccentedCapitalsFollowTheLanguage)
         EXPECT_EQ(GridCharSetFor(language).test(EAcute), admits) << GridLanguageName(language).toStdString();
     }
     EXPECT_TRUE(GridCharSetFor(4).test(196));   // German Ä
+    EXPECT_FALSE(GridCharSetFor(4).test(228));  // but not ä
     EXPECT_TRUE(GridCharSetFor(4).test(223));   // ß
     EXPECT_EQ(GridCharSetFor(6), GridCharSetFor(7)) << "Norwegian and Danish admit the same letters";
     EXPECT_FALSE(GridCharSetFor(8).test(215)) << "multiplication sign";
@@ -39,4 +40,17 @@ TEST(GridLanguages, NamesSuffixesAndParsing)
     EXPECT_EQ(ParseGridLanguage("8"), 8);
     EXPECT_EQ(ParseGridLanguage("9"), -1);
     EXPECT_EQ(ParseGridLanguage("Klingon"), -1);
+}
+
+TEST(GridLanguages, AChoiceLeavesOneDigitInTheLastClueSlot)
+{
+    TPuzzle p;
+    MarkLanguageChoice(p, 4);
+    EXPECT_EQ(p.clue(ClueSlots), QByteArray("4"));
+    MarkLanguageChoice(p, 7);
+    EXPECT_EQ(p.clue(ClueSlots), QByteArray("7"));
+    p.setClue(ClueSlots, QByteArray(80, 'x'));
+    MarkLanguageChoice(p, 2);
+    EXPECT_EQ(p.clue(ClueSlots), QByteArray(79, 'x') + "2");
+    EXPECT_EQ(p.clue(ClueSlots - 1), QByteArray()) << "no word's clue is touched";
 }

@@ -32,3 +32,8 @@ TEST(Cp1252, CharactersWithoutACodeAreReplaced)
     EXPECT_EQ(ToCp1252(QStringLiteral("a\u4E2Db")), "a?b");
     EXPECT_EQ(ToCp1252(QString::fromUtf8("x\xF0\x9F\x98\x80y"), '_'), "x_y") << "one replacement per character";
 }
+
+TEST(Cp1252, AnEditKeepsOnlyWhatThePuzzleCanStore)
+{
+    EXPECT_EQ(KeepCp1252(QStringLiteral("Caf\u00E9 \u2014 \u4E2D\u2122")), QStringLiteral("Caf\u00E9 \u2014 ?\u2122"));
+}

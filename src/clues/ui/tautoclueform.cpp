@@ -1,5 +1,8 @@
 #include "clues/ui/tautoclueform.h"
 
+#include "clues/deflist.h"
+#include "clues/ui/tcharmapform.h"
+#include "clues/ui/tdeflistform.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/dialogs.h"
 #include "mainwindow/ui/tsoundfx.h"
@@ -109,9 +112,6 @@ TAutoclueForm::TAutoclueForm(QWidget *parent) : QWidget(parent, Qt::Tool)
     ToolBar1->addSeparator();
     ListDefsBtn = makeToolButton(ToolBar1, "ListDefsBtn", QStringLiteral("List all definitions"),
                                  QStyle::SP_FileDialogListView);
-    // Their windows are not part of this program yet.
-    CharsBtn->setEnabled(false);
-    ListDefsBtn->setEnabled(false);
 
     ClueBar = new QToolBar(this);
     ClueBar->setObjectName(QStringLiteral("ClueBar"));
@@ -121,6 +121,8 @@ TAutoclueForm::TAutoclueForm(QWidget *parent) : QWidget(parent, Qt::Tool)
     connect(NextBtn, &QToolButton::clicked, this, &TAutoclueForm::NextBtnClick);
     connect(BlankBtn, &QToolButton::clicked, this, &TAutoclueForm::BlankBtnClick);
     connect(InsertBtn, &QToolButton::clicked, this, &TAutoclueForm::InsertBtnClick);
+    connect(CharsBtn, &QToolButton::clicked, this, &TAutoclueForm::CharsBtnClick);
+    connect(ListDefsBtn, &QToolButton::clicked, this, &TAutoclueForm::ListdefsBtnClick);
     connect(CtBtn, &QToolButton::clicked, this, &TAutoclueForm::CtBtnClick);
     connect(OkBtn, &QPushButton::clicked, this, &TAutoclueForm::OkBtnClick);
     connect(DefEdit, &QLineEdit::textChanged, this, &TAutoclueForm::DefEditChange);
@@ -145,6 +147,7 @@ TAutoclueForm::~TAutoclueForm()
 
 void TAutoclueForm::FormShow()
 {
+    createCompanions();
     LoadSettings();
     place();
     Walk.Reset();
@@ -162,6 +165,8 @@ void TAutoclueForm::LoadSettings()
     DefEdit->setPalette(palette);
     CountLbl->setVisible(ShowCounts);
     CtBtn->setVisible(ShowCounts);
+    if (DefListForm && DefListForm->isVisible())
+        DefListForm->LoadFonts();
 
     SetSettingsPath(QString::fromLatin1(ToolsSettingsPath));
     ClueBar->setVisible(!ReadText(QStringLiteral("BankDataFile")).isEmpty());
@@ -270,8 +275,56 @@ void TAutoclueForm::appendCount()
 
 void TAutoclueForm::DefEditChange()
 {
-    if (Walk.StoreClue(ToCp1252(DefEdit->text())))
+    // What the puzzle cannot keep is shown as the "?" it will be stored as.
+    const QString kept = KeepCp1252(DefEdit->text());
+    if (kept != DefEdit->text()) {
+        const int caret = DefEdit->cursorPosition();
+        DefEdit->setText(kept);
+        DefEdit->setCursorPosition(caret);
+        return;
+    }
+    if (Walk.StoreClue(ToCp1252(DefEdit->text()))) {
+        replaceDefLine();
         PuzzleChanged = true;
+    }
+}
+
+void TAutoclueForm::replaceDefLine()
+{
+    if (!DefListForm || !DefListForm->isVisible())
+        return;
+    const int number = NumLbl->text().section(QStringLiteral("  "), 0, 0).toInt();
+    DefListForm->ReplaceLine(Walk.WalkDir, number, Puzzle.clue(Walk.WalkSlot),
+                             Puzzle.GetWord(Walk.WalkCol, Walk.WalkRow, Walk.WalkDir));
+}
+
+void TAutoclueForm::createCompanions()
+{
+    releaseCompanions();
+    CharMapForm = new TCharMapForm(this);
+    DefListForm = new TDefListForm(this);
+}
+
+void TAutoclueForm::releaseCompanions()
+{
+    // Deleted, not closed: closing the character map would hand the focus back to this
+    // window while it is going away.
+    delete CharMapForm.data();
+    delete DefListForm.data();
+}
+
+void TAutoclueForm::CharsBtnClick()
+{
+    if (CharMapForm)
+        CharMapForm->setVisible(!CharMapForm->isVisible());
+    activateWindow();
+    DefEdit->setFocus();
+}
+
+void TAutoclueForm::ListdefsBtnClick()
+{
+    if (DefListForm)
+        DefListForm->setVisible(!DefListForm->isVisible());
 }
 
 bool TAutoclueForm::DefEditKeyPress(int key, Qt::KeyboardModifiers modifiers)
@@ -389,6 +442,7 @@ void TAutoclueForm::resizeEvent(QResizeEvent *event)
 void TAutoclueForm::closeEvent(QCloseEvent *event)
 {
     WriteBounds(QStringLiteral("ScreenBoundsAutoclue"), x(), y(), width(), height());
+    releaseCompanions();
     event->accept();
 }
 

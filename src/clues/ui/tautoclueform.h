@@ -5,6 +5,7 @@
 
 #include "clues/autocluewalk.h"
 
+#include <QPointer>
 #include <QWidget>
 
 class QLabel;
@@ -12,6 +13,8 @@ class QLineEdit;
 class QPushButton;
 class QToolBar;
 class QToolButton;
+class TCharMapForm;
+class TDefListForm;
 
 inline constexpr auto AutoclueQuestion =
     "Running Autoclue before completing puzzle is not recommended. Start Autoclue anyway?";
@@ -42,6 +45,9 @@ public:
     QToolButton *CharsBtn = nullptr;
     QToolButton *ListDefsBtn = nullptr;
     QToolBar *ClueBar = nullptr;
+    // The companion windows, made afresh at each showing and released on closing.
+    QPointer<TDefListForm> DefListForm;
+    QPointer<TCharMapForm> CharMapForm;
 
     // Settings, place, and a fresh walk to the grid's word or the first word.
     void FormShow();
@@ -55,6 +61,8 @@ public:
     void BlankBtnClick();
     void InsertBtnClick();
     void CtBtnClick();
+    void CharsBtnClick();
+    void ListdefsBtnClick();
     void OkBtnClick();
     void DefEditChange();
     // The clue box's own keys; true when the key was one of them (and so consumed).
@@ -82,6 +90,9 @@ private:
     void appendCount();
     QByteArray gridTarget() const;
     void setNumberColour(const QColor &colour);
+    void createCompanions();
+    void releaseCompanions();
+    void replaceDefLine();
 };
 
 // The one Autoclue window, while it exists.

@@ -3,6 +3,7 @@
 
 #include "clues/ui/tautoclueform.h"
 #include "inspect/ui/inspectcommands.h"
+#include "clues/ui/tbylineform.h"
 #include "mainwindow/history.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/specifications.h"
@@ -133,6 +134,7 @@ TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
     createBody();
     InstallInspectCommands(this);
     InstallExportCommands(this);
+    InstallBylineCommands(this);
     updateActions();
 }
 

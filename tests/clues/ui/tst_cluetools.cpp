@@ -1,0 +1,226 @@
+// The clue-writing tools around Autoclue, driven with clicks: the definition list, the
+// special characters and the byline dialog. Their lines, cells and walks are the core tests'.
+
+#include "clues/ui/tautoclueform.h"
+#include "clues/ui/tbylineform.h"
+#include "clues/ui/tcharmapform.h"
+#include "clues/ui/tdeflistform.h"
+#include "mainwindow/puzzlestate.h"
+#include "mainwindow/ui/tprogram.h"
+#include "mainwindow/ui/txwdmainform.h"
+#include "scripteddialogs.h"
+#include "settings/txwdprocs.h"
+#include "uitestmain.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QToolButton>
+
+#include <memory>
+
+namespace {
+
+// Full; reading order 1A 1D 2D 3D 4D 5A 6A 7A.
+const QString Full = QStringLiteral("size 5\ngrid\nABC#D\nEFG#H\nIJKLM\nN#O#P\nQRS#T\nclues\n3D Tree\n");
+
+void clickLine(QListWidget *list, int row)
+{
+    const QRect rect = list->visualItemRect(list->item(row));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, rect.center());
+}
+
+// A typed character that no key of the test keyboard has.
+void typeChar(QWidget *widget, QChar ch)
+{
+    QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, QString(ch));
+    QApplication::sendEvent(widget, &key);
+}
+
+void clickCell(QTableWidget *grid, int col, int row)
+{
+    const QRect rect = grid->visualItemRect(grid->item(row, col));
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, rect.center());
+}
+
+}  // namespace
+
+class TestClueTools : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TDialogScript> dialogs;
+    std::unique_ptr<TProgram> program;
+    TAutoclueForm *autoclue = nullptr;
+
+    void openAutoclue(const QString &puzzle)
+    {
+        Puzzle = PuzzleFrom(puzzle);
+        PuzzleMode = ConstructMode;
+        program = std::make_unique<TProgram>();
+        program->Start({});
+        autoclue = AutoclueForm;
+        QVERIFY(autoclue);
+        AutoclueBtnClick(program->MainForm);
+        QVERIFY(autoclue->isVisible());
+    }
+    QString shown() const { return autoclue->NumLbl->text() + u' ' + autoclue->ClueLbl->text(); }
+
+private slots:
+    void init()
+    {
+        ResetSettings();
+        PuzzleChanged = false;
+        dialogs = std::make_unique<TDialogScript>();
+    }
+
+    void cleanup()
+    {
+        program.reset();
+        dialogs.reset();
+    }
+
+    void theDefinitionListMovesAutoclueAndFollowsItsClues()
+    {
+        openAutoclue(Full);
+        TDefListForm *list = autoclue->DefListForm;
+        QVERIFY(list && !list->isVisible());
+        autoclue->ListDefsBtn->click();
+        QVERIFY(list->isVisible());
+        QCOMPARE(list->windowTitle(), QStringLiteral("Definitions"));
+        QCOMPARE(list->DwnList->item(2)->text(), QStringLiteral("    3  Tree  | CGKOS"));
+        QCOMPARE(list->DwnLbl->x(), list->AcrList->width());
+
+        clickLine(list->DwnList, 2);
+        QCOMPARE(shown(), QStringLiteral("3  Down CGKOS"));
+        QCOMPARE(autoclue->DefEdit->text(), QStringLiteral("Tree"));
+        clickLine(list->AcrList, 1);
+        QCOMPARE(shown(), QStringLiteral("5  Across EFG"));
+        QVERIFY2(list->DwnList->selectedItems().isEmpty(), "the other list loses its selection");
+
+        // Storing a clue replaces the word's line, whatever the walk did to reach it.
+        QTest::keyClicks(autoclue->DefEdit, QStringLiteral("Caf"));
+        typeChar(autoclue->DefEdit, QChar(0xE9));
+        QCOMPARE(list->AcrList->item(1)->text(), QStringLiteral("    5  Caf\u00E9  | EFG"));
+        QCOMPARE(Puzzle.clue(6), QByteArray("Caf\xE9"));
+        QTest::keyClick(autoclue->DefEdit, Qt::Key_Return);
+        QTest::keyClicks(autoclue->DefEdit, QStringLiteral("x"));
+        typeChar(autoclue->DefEdit, QChar(0x4E2D));
+        // A character the puzzle cannot keep shows as the "?" it is stored as.
+        QCOMPARE(autoclue->DefEdit->text(), QStringLiteral("x?"));
+        QCOMPARE(list->AcrList->item(2)->text(), QStringLiteral("    6  x?  | IJKLM"));
+
+        // Full screen edit and back.
+        const QRect listBounds = list->geometry();
+        const QRect autoclueBounds = autoclue->geometry();
+        list->ViewBtn->click();
+        QCOMPARE(list->ViewBtn->toolTip(), QStringLiteral("Normal view"));
+        QCOMPARE(autoclue->geometry().topLeft(), QPoint(8, 8));
+        QCOMPARE(list->geometry().topLeft(), QPoint(8, autoclue->height() + 12));
+        list->ViewBtn->click();
+        QCOMPARE(list->ViewBtn->toolTip(), QStringLiteral("Full screen edit"));
+        QCOMPARE(list->geometry(), listBounds);
+        QCOMPARE(autoclue->geometry(), autoclueBounds);
+
+        // Closing Autoclue releases its companions.
+        autoclue->OkBtn->click();
+        QTRY_VERIFY(autoclue->DefListForm.isNull());
+        QVERIFY(autoclue->CharMapForm.isNull());
+    }
+
+    void specialCharactersGoIntoTheClue()
+    {
+        openAutoclue(Full);
+        TCharMapForm *map = autoclue->CharMapForm;
+        QVERIFY(map);
+        autoclue->CharsBtn->click();
+        QVERIFY(map->isVisible());
+        QCOMPARE(map->windowTitle(), QStringLiteral("Special Characters"));
+        QCOMPARE(map->CharGrid->item(0, 9)->text(), QStringLiteral("\u00A9"));
+
+        QLineEdit *edit = autoclue->DefEdit;
+        clickCell(map->CharGrid, 0, 0);
+        QCOMPARE(edit->text(), QStringLiteral("___"));
+        edit->setText(QStringLiteral("abc"));
+        edit->selectAll();
+        clickCell(map->CharGrid, 9, 0);
+        QCOMPARE(edit->text(), QStringLiteral("\u00A9abc"));
+        QCOMPARE(Puzzle.clue(1), QByteArray("\xA9" "abc"));
+
+        autoclue->CharsBtn->click();
+        QVERIFY(!map->isVisible());
+    }
+
+    void theBylineDialog()
+    {
+        program = std::make_unique<TProgram>();
+        program->Start({});
+        WriteSetting(QStringLiteral("Name"), QStringLiteral("Jo Maker"));
+        auto *bylineAct = program->MainForm->findChild<QAction *>(QStringLiteral("BylineAct"));
+        QVERIFY(bylineAct);
+        QVERIFY(!bylineAct->isEnabled());
+        TScratchDir dir;
+        (*dialogs)->Files = {TFileChoice{dir.path(QStringLiteral("new.xwd"))}};
+        program->MainForm->findChild<QAction *>(QStringLiteral("New11Act"))->trigger();
+        QVERIFY(bylineAct->isEnabled());
+        QCOMPARE(Puzzle.Byline.text(), QByteArray("Jo Maker"));
+
+        // On "--" the box is checked and the field read-only; unchecking brings the Name.
+        Puzzle.Byline.setText("--");
+        PuzzleChanged = false;
+        (*dialogs)->DialogScripts = {[](QDialog *dialog) {
+            auto *form = qobject_cast<TBylineForm *>(dialog);
+            QVERIFY(form);
+            QCOMPARE(form->windowTitle(), QStringLiteral("Puzzle Byline"));
+            QVERIFY(form->NobyChk->isChecked());
+            QVERIFY(form->BylineEdit->isReadOnly());
+            form->NobyChk->click();
+            QCOMPARE(form->BylineEdit->text(), QStringLiteral("Jo Maker"));
+            QVERIFY(!form->BylineEdit->isReadOnly());
+            QTest::keyClicks(form->BylineEdit, QStringLiteral(" and friend"));
+            form->CancelBtn->click();
+        }};
+        bylineAct->trigger();
+        QCOMPARE((*dialogs)->ExecutedDialogs, QStringList{QStringLiteral("BylineForm")});
+        QCOMPARE(Puzzle.Byline.text(), QByteArray("--"));
+        QVERIFY2(!PuzzleChanged, "Cancel changes nothing");
+
+        // Typing stops at 58; checking "No Byline" and saving stores "--".
+        Puzzle.Byline.setText("Someone");
+        (*dialogs)->DialogScripts = {[](QDialog *dialog) {
+            auto *form = qobject_cast<TBylineForm *>(dialog);
+            QTest::keyClicks(form->BylineEdit, QString(70, u'x'));
+            QCOMPARE(form->BylineEdit->text().size(), 58);
+            form->SaveBtn->click();
+        }};
+        bylineAct->trigger();
+        QCOMPARE(Puzzle.Byline.text(), "Someone" + QByteArray(51, 'x'));
+        QVERIFY(PuzzleChanged);
+        (*dialogs)->DialogScripts = {[](QDialog *dialog) {
+            auto *form = qobject_cast<TBylineForm *>(dialog);
+            form->NobyChk->click();
+            QCOMPARE(form->BylineEdit->text(), QStringLiteral("--"));
+            form->SaveBtn->click();
+        }};
+        bylineAct->trigger();
+        QCOMPARE(Puzzle.Byline.text(), QByteArray("--"));
+
+        // A byline of 60 set from the Name is shown and kept whole.
+        Puzzle.Byline.setText(QByteArray(60, 'n'));
+        (*dialogs)->DialogScripts = {[](QDialog *dialog) {
+            auto *form = qobject_cast<TBylineForm *>(dialog);
+            QCOMPARE(form->BylineEdit->text().size(), 60);
+            form->SaveBtn->click();
+        }};
+        bylineAct->trigger();
+        QCOMPARE(Puzzle.Byline.text(), QByteArray(60, 'n'));
+    }
+};
+
+QUILLMARK_UI_TEST_MAIN(TestClueTools)
+#include "tst_cluetools.moc"

@@ -143,6 +143,12 @@ TLaunchModule::TLaunchModule(QObject *parent) : QObject(parent)
         LaunchModule = this;
 }
 
+TLaunchModule::~TLaunchModule()
+{
+    if (LaunchModule == this)
+        LaunchModule = nullptr;
+}
+
 qint64 TLaunchModule::RunningProcess(int slot) const
 {
     if (slot < 0 || slot >= int(processes_.size()))

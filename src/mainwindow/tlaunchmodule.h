@@ -11,6 +11,7 @@ class TLaunchModule : public QObject {
     Q_OBJECT
 public:
     explicit TLaunchModule(QObject *parent = nullptr);
+    ~TLaunchModule() override;
 
     // Brings the tool in `slot` up, or starts `commandLine` (the program's path, taken
     // whole, so a path with blanks needs no quoting). False when it cannot be started.

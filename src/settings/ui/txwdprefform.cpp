@@ -246,6 +246,7 @@ TXwdPrefForm::TXwdPrefForm(QWidget *parent) : QDialog(parent)
     PickList->setItemDelegate(new TPickDelegate(this));
     PickList->setFixedWidth(120);
     PickList->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    PickList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     for (const char *name : PageNames)
         PickList->addItem(QString::fromLatin1(name));
     connect(PickList, &QListWidget::currentRowChanged, this, [this] { PickListClick(); });
@@ -293,7 +294,8 @@ TXwdPrefForm::TXwdPrefForm(QWidget *parent) : QDialog(parent)
 
 void TXwdPrefForm::FormCreate()
 {
-    const int height = std::max(24, PickList->height() / 6 - 1);
+    // The list's inside, so that the six items fit without scrolling.
+    const int height = std::max(24, PickList->viewport()->height() / 6 - 1);
     for (int i = 0; i < PickList->count(); ++i)
         PickList->item(i)->setSizeHint(QSize(PickList->width(), height));
 }

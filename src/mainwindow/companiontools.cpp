@@ -28,9 +28,6 @@ QString ToolFailureMessage(const QString &caption)
     const qsizetype dots = name.indexOf(QStringLiteral("..."));
     if (dots >= 0)
         name.truncate(dots);
-    // The ampersand may sit inside the word ("T&ools"): keep the letters before it.
-    if (amp > 0)
-        name.prepend(caption.left(amp));
     return name + QStringLiteral(" has not been properly configured.");
 }
 

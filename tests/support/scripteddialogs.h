@@ -33,6 +33,11 @@ public:
         return Files.isEmpty() ? std::nullopt : Files.takeFirst();
     }
     std::optional<QFont> ChooseFont(QWidget *, const QFont &) override { return std::nullopt; }
+    QList<std::optional<TFontChoice>> FontChoices;  // chosen in order; cancel when it runs out
+    std::optional<TFontChoice> ChooseFontWithColor(QWidget *, const QFont &, const QColor &) override
+    {
+        return FontChoices.isEmpty() ? std::nullopt : FontChoices.takeFirst();
+    }
 
     // Plays the user's part in one of the program's own modal windows: the window is shown,
     // the script acts on it (clicks a button, say), and its result comes back.

@@ -746,8 +746,9 @@ void TXwdPrefForm::FontBtnClick()
 void TXwdPrefForm::SampleFontClick(QWidget *sample)
 {
     TFontSetting font = fonts_.value(sample);
-    if (const auto chosen = Dialogs().ChooseFont(this, font.Font)) {
-        font.Font = *chosen;
+    if (const auto chosen = Dialogs().ChooseFontWithColor(this, font.Font, font.Color)) {
+        font.Font = chosen->Font;
+        font.Color = chosen->Color;
         setSampleFont(sample, font);
     }
 }

@@ -272,6 +272,27 @@ private slots:
         });
     }
 
+    void fontButtonsCarryFontAndColourIntoTheSampleAndTheStore()
+    {
+        QFont chosen(QStringLiteral("Courier New"), 13);
+        chosen.setItalic(true);
+        chosen.setUnderline(true);
+        (*dialogs)->FontChoices.append(TFontChoice{chosen, Qt::darkRed});
+        (*dialogs)->FontChoices.append(std::nullopt);
+        preferences([](TXwdPrefForm *f) {
+            f->findChild<QPushButton *>("DefsListBtn")->click();
+            QCOMPARE(f->DefsList->font().family(), QStringLiteral("Courier New"));
+            QCOMPARE(f->DefsList->palette().color(QPalette::Text), QColor(Qt::darkRed));
+            f->FontBtn->click();  // cancelled: the grid font stays
+            f->SaveBtn->click();
+        });
+        QCOMPARE(stored("DefsFontName"), QStringLiteral("Courier New"));
+        QCOMPARE(ReadInt("DefsFontSize", -1), 13);
+        QCOMPARE(ReadInt("DefsFontStyle", -1), 2 | 4);
+        QCOMPARE(stored("DefsFontColor"), QStringLiteral("clMaroon"));
+        QCOMPARE(stored("FontName"), QStringLiteral("Arial"));
+    }
+
     void choosingALanguageLeavesOneDigitInTheSpareClueSlotEvenOnCancel()
     {
         Puzzle.setClue(ClueSlots, "x");

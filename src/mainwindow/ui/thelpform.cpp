@@ -20,8 +20,10 @@ public:
     THelpBrowser(QHelpEngine *engine, QWidget *parent) : QTextBrowser(parent), engine_(engine) {}
     QVariant loadResource(int type, const QUrl &name) override
     {
-        if (name.scheme() == u"qthelp")
-            return engine_->fileData(name);
+        // Style sheets and pictures come with names relative to the page.
+        const QUrl url = name.isRelative() ? source().resolved(name) : name;
+        if (url.scheme() == u"qthelp")
+            return engine_->fileData(url);
         return QTextBrowser::loadResource(type, name);
     }
 
@@ -77,6 +79,11 @@ THelpForm::THelpForm(QWidget *parent) : QWidget(parent, Qt::Window)
     resize(820, 560);
 
     connect(contents, &QHelpContentWidget::linkActivated, this, &THelpForm::ShowPage);
+    // One click on a chapter shows it, as in any contents tree.
+    connect(contents, &QHelpContentWidget::clicked, this, [this](const QModelIndex &at) {
+        if (QHelpContentItem *item = Engine->contentModel()->contentItemAt(at))
+            ShowPage(item->url());
+    });
     connect(index, &QHelpIndexWidget::documentActivated, this,
             [this](const QHelpLink &link, const QString &) { ShowPage(link.url); });
     connect(index, &QHelpIndexWidget::documentsActivated, this, [this](const QList<QHelpLink> &links, const QString &) {

@@ -3,6 +3,7 @@
 
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/tlaunchmodule.h"
+#include "mainwindow/ui/taboutbox.h"
 #include "mainwindow/ui/thelpform.h"
 #include "mainwindow/ui/tprogram.h"
 #include "mainwindow/ui/txwdmainform.h"
@@ -167,6 +168,24 @@ private slots:
         });
         act("HelpAboutAct")->trigger();
         QCOMPARE((*dialogs)->ExecutedDialogs, QStringList({"AboutBox"}));
+    }
+
+    void splashShowsTheLogoUntilTheMainWindowIsUp()
+    {
+        TSplashForm splash;
+        splash.show();
+        const QImage card = splash.pixmap().toImage();
+        // The logo's navy lettering on the white card.
+        int navy = 0;
+        for (int y = 0; y < card.height(); ++y)
+            for (int x = 0; x < card.width(); ++x) {
+                const QColor c = card.pixelColor(x, y);
+                navy += c.blue() > 80 && c.red() < 60 && c.green() < 60;
+            }
+        QVERIFY(navy > 500);
+        QCOMPARE(card.pixelColor(5, 5), QColor(Qt::white));
+        splash.finish(program->MainForm);
+        QVERIFY(!splash.isVisible());
     }
 };
 

@@ -19,29 +19,36 @@ namespace {
 
 const QString DictHint = QStringLiteral("Open dictionary");
 
-// Closes the help window when the main window closes.
-class THelpCloser : public QObject {
+// The help window, made when first asked for (start-up does not wait for it) and closed
+// with the main window.
+class THelpCommands : public QObject {
 public:
-    THelpCloser(QWidget *form, QPointer<THelpForm> *help) : QObject(form), help_(help) {}
+    explicit THelpCommands(TXwdMainForm *form) : QObject(form), form_(form) { form->installEventFilter(this); }
+    THelpForm *Help()
+    {
+        if (!help_)
+            help_ = new THelpForm(form_);
+        return help_;
+    }
     bool eventFilter(QObject *, QEvent *event) override
     {
-        if (event->type() == QEvent::Close && *help_)
-            (*help_)->close();
+        if (event->type() == QEvent::Close && help_)
+            help_->close();
         return false;
     }
 
 private:
-    QPointer<THelpForm> *help_;
+    TXwdMainForm *form_;
+    QPointer<THelpForm> help_;
 };
 
 }  // namespace
 
-void ToolsMenuItemClick(TXwdMainForm *form, int tool)
+void ToolsMenuItemClick(int tool)
 {
     const QString path = CompanionToolPath(tool);
     if (!LaunchModule || !LaunchModule->Launch(tool, path))
         ShowPuzzleError(ToolFailureMessage(QString::fromLatin1(CompanionTools().at(tool).Caption)));
-    Q_UNUSED(form);
 }
 
 void InstallToolsCommands(TXwdMainForm *form)
@@ -57,7 +64,7 @@ void InstallToolsCommands(TXwdMainForm *form)
             action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_D));
             action->setShortcutContext(Qt::ApplicationShortcut);
         }
-        QObject::connect(action, &QAction::triggered, form, [form, i] { ToolsMenuItemClick(form, i); });
+        QObject::connect(action, &QAction::triggered, form, [i] { ToolsMenuItemClick(i); });
         menu->addAction(action);
         actions.append(action);
     }
@@ -95,17 +102,9 @@ void InstallHelpCommands(TXwdMainForm *form)
     menu->addSeparator();
     menu->addAction(about);
 
-    // The help window is made when first asked for: start-up does not wait for it.
-    auto *help = new QPointer<THelpForm>;
-    QObject::connect(form, &QObject::destroyed, [help] { delete help; });
-    auto helpForm = [form, help] {
-        if (!*help)
-            *help = new THelpForm(form);
-        return help->data();
-    };
-    QObject::connect(contents, &QAction::triggered, form, [helpForm] { helpForm()->ShowContents(); });
-    QObject::connect(keyword, &QAction::triggered, form, [helpForm] { helpForm()->ShowIndex(QString()); });
-    form->installEventFilter(new THelpCloser(form, help));
+    auto *help = new THelpCommands(form);
+    QObject::connect(contents, &QAction::triggered, help, [help] { help->Help()->ShowContents(); });
+    QObject::connect(keyword, &QAction::triggered, help, [help] { help->Help()->ShowIndex(QString()); });
     QObject::connect(about, &QAction::triggered, form, [form] {
         TAboutBox box(form);
         Dialogs().Exec(&box);

@@ -6,6 +6,6 @@ class TXwdMainForm;
 void InstallToolsCommands(TXwdMainForm *form);
 void InstallHelpCommands(TXwdMainForm *form);
 
-// ToolsMenuItemClick: starts or brings forward tool `tool` (0 to 4, as CompanionTools()
-// lists them); tells the user when it cannot be started.
-void ToolsMenuItemClick(TXwdMainForm *form, int tool);
+// Starts or brings forward tool `tool` (0 to 4, as CompanionTools() lists them); tells
+// the user when it cannot be started.
+void ToolsMenuItemClick(int tool);

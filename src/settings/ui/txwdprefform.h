@@ -22,8 +22,6 @@ class QPlainTextEdit;
 class QPushButton;
 class QSpinBox;
 class QStackedWidget;
-class QStyleOptionViewItem;
-class QModelIndex;
 
 class TXwdPrefForm : public QDialog {
     Q_OBJECT

@@ -9,6 +9,7 @@ BUILD="$ROOT/build"
 PACKAGES=(
   cmake g++ ninja-build pkg-config
   qt6-base-dev qt6-svg-dev qt6-multimedia-dev qt6-qpa-plugins libqt6svg6
+  qt6-tools-dev qt6-documentation-tools libxcb1-dev
   libgtest-dev libgmock-dev zlib1g-dev
   fonts-liberation2
   ghostscript libwmf-bin poppler-utils

@@ -48,6 +48,11 @@ public:
         ++PrinterRequests;
         return PrinterAccepted;
     }
+    QList<std::optional<TFontChoice>> FontChoices;  // chosen in order; cancel when it runs out
+    std::optional<TFontChoice> ChooseFontWithColor(QWidget *, const QFont &, const QColor &) override
+    {
+        return FontChoices.isEmpty() ? std::nullopt : FontChoices.takeFirst();
+    }
 
     // Plays the user's part in one of the program's own modal windows: the window is shown,
     // the script acts on it (clicks a button, say), and its result comes back.

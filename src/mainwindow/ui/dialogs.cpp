@@ -1,6 +1,10 @@
 #include "mainwindow/ui/dialogs.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QVBoxLayout>
 #include <QFileDialog>
 #include <QFontDialog>
 #include <QMessageBox>
@@ -76,6 +80,45 @@ public:
         QPrintDialog dialog(&printer, parent);
         return dialog.exec() == QDialog::Accepted;
     }
+    // Qt's font dialog has no colour: it is embedded here beside a choice of the sixteen
+    // standard colours.
+    std::optional<TFontChoice> ChooseFontWithColor(QWidget *parent, const QFont &initial, const QColor &color) override
+    {
+        QDialog dialog(parent);
+        dialog.setWindowTitle(QStringLiteral("Font"));
+        auto *column = new QVBoxLayout(&dialog);
+        auto *fonts = new QFontDialog(initial, &dialog);
+        fonts->setWindowFlags(Qt::Widget);
+        fonts->setOptions(QFontDialog::NoButtons | QFontDialog::ScalableFonts);
+        column->addWidget(fonts);
+        auto *colours = new QComboBox(&dialog);
+        static const std::pair<const char *, QRgb> standard[] = {
+            {"Black", 0x000000}, {"Maroon", 0x800000}, {"Green", 0x008000}, {"Olive", 0x808000},
+            {"Navy", 0x000080},  {"Purple", 0x800080}, {"Teal", 0x008080},  {"Gray", 0x808080},
+            {"Silver", 0xC0C0C0}, {"Red", 0xFF0000},   {"Lime", 0x00FF00},  {"Yellow", 0xFFFF00},
+            {"Blue", 0x0000FF},  {"Fuchsia", 0xFF00FF}, {"Aqua", 0x00FFFF}, {"White", 0xFFFFFF}};
+        for (const auto &[name, rgb] : standard) {
+            QPixmap swatch(16, 16);
+            swatch.fill(QColor(rgb));
+            colours->addItem(QIcon(swatch), QString::fromLatin1(name), QColor(rgb));
+        }
+        int at = colours->findData(color);
+        if (at < 0) {
+            colours->addItem(QStringLiteral("Custom"), color);
+            at = colours->count() - 1;
+        }
+        colours->setCurrentIndex(at);
+        auto *row = new QFormLayout;
+        row->addRow(QStringLiteral("Colour:"), colours);
+        column->addLayout(row);
+        auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
+        QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+        QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+        column->addWidget(buttons);
+        if (dialog.exec() != QDialog::Accepted)
+            return std::nullopt;
+        return TFontChoice{fonts->currentFont(), colours->currentData().value<QColor>()};
+    }
 };
 
 std::unique_ptr<TDialogs> &current()
@@ -85,6 +128,13 @@ std::unique_ptr<TDialogs> &current()
 }
 
 }  // namespace
+
+std::optional<TFontChoice> TDialogs::ChooseFontWithColor(QWidget *parent, const QFont &initial, const QColor &color)
+{
+    if (const auto font = ChooseFont(parent, initial))
+        return TFontChoice{*font, color};
+    return std::nullopt;
+}
 
 int TDialogs::Exec(QDialog *dialog)
 {

@@ -2,6 +2,7 @@
 // Every modal interaction of the program goes through TDialogs, so that tests can answer
 // message boxes and file dialogs without a window ever blocking.
 
+#include <QColor>
 #include <QFont>
 #include <QString>
 
@@ -29,6 +30,11 @@ struct TFileChoice {
     int FilterIndex = 1;  // 1-based, as the filter lists them
 };
 
+struct TFontChoice {
+    QFont Font;
+    QColor Color;
+};
+
 class TDialogs {
 public:
     virtual ~TDialogs() = default;
@@ -45,6 +51,9 @@ public:
     virtual std::optional<QFont> ChooseFont(QWidget *parent, const QFont &initial) = 0;
     // The printer dialog on `printer`; false when cancelled.
     virtual bool ChoosePrinter(QWidget *parent, QPrinter &printer) = 0;
+    // The font dialog with its effects: colour, underline and strike-out. Unless replaced,
+    // ChooseFont's answer with the colour kept.
+    virtual std::optional<TFontChoice> ChooseFontWithColor(QWidget *parent, const QFont &initial, const QColor &color);
     // Runs one of the program's own modal windows and returns its result code.
     virtual int Exec(QDialog *dialog);
 };

@@ -6,18 +6,21 @@
 #include "clues/ui/tbylineform.h"
 #include "mainwindow/history.h"
 #include "mainwindow/puzzlestate.h"
+#include "mainwindow/screenlayout.h"
 #include "mainwindow/specifications.h"
 #include "mainwindow/trash.h"
 #include "mainwindow/ui/appresources.h"
 #include "mainwindow/ui/dialogs.h"
 #include "mainwindow/ui/tinfowin.h"
 #include "mainwindow/ui/tsoundfx.h"
+#include "mainwindow/ui/toolscommands.h"
 #include "model/clearpuzzle.h"
 #include "model/cp1252.h"
 #include "model/puzzlefile.h"
 #include "output/ui/exportcommands.h"
 #include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
+#include "settings/ui/txwdprefform.h"
 #include "solving/ui/tscoreform.h"
 #include "solving/ui/txwdclockform.h"
 #include "views/gridgeometry.h"
@@ -135,6 +138,9 @@ TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
     InstallInspectCommands(this);
     InstallExportCommands(this);
     InstallBylineCommands(this);
+    InstallToolsCommands(this);
+    InstallPreferencesCommand(this);
+    InstallHelpCommands(this);
     updateActions();
 }
 
@@ -383,7 +389,7 @@ void TXwdMainForm::updateActions()
     hideEmptyMenus();
 }
 
-void TXwdMainForm::FormShow(const QStringList &arguments)
+void TXwdMainForm::ReadOwnSettings()
 {
     const TFontSetting status =
         ReadFontSetting(QStringLiteral("Status"), {QStringLiteral("Times New Roman"), 11, 1, QStringLiteral("clNavy")});
@@ -392,7 +398,11 @@ void TXwdMainForm::FormShow(const QStringList &arguments)
     palette.setColor(QPalette::Text, status.Color);
     DataMemo->setPalette(palette);
     PlaySounds = ReadInt(QStringLiteral("PlaySounds"), 1);
+}
 
+void TXwdMainForm::FormShow(const QStringList &arguments)
+{
+    ReadOwnSettings();
     // Fixed until a puzzle is open: the logo's width and everything stacked above it.
     setFixedWidth(LogoImage->sizeHint().width() + 12);
     setFixedHeight(sizeHint().height());
@@ -826,6 +836,33 @@ void TXwdMainForm::WriteWindowBounds()
     if (AutoclueForm && AutoclueForm->isVisible())
         writeBoundsOf(QStringLiteral("ScreenBoundsAutoclue"), AutoclueForm);
     WriteSetting(QStringLiteral("ScreenSquare"), SquareSize);
+}
+
+void TXwdMainForm::ApplyPreferences(bool arrange, int code)
+{
+    if (arrange && puzzleOpen_) {
+        if (code >= 1 && code <= ArrangementCount && XwdGridForm) {
+            const QRect screen = this->screen() ? this->screen()->availableGeometry() : QRect(0, 0, 1024, 768);
+            const QSize clues = CluesForm ? CluesForm->size() : QSize(300, 400);
+            const TScreenLayout layout = ArrangementLayout(code, screen, size(), XwdGridForm->size(), clues);
+            move(layout.Main.topLeft());
+            resize(layout.Main.size().expandedTo(minimumSize()));
+            XwdGridForm->move(layout.Grid.topLeft());
+            if (CluesForm)
+                CluesForm->setGeometry(layout.Clues);
+        }
+        WriteWindowBounds();
+    }
+    ReadOwnSettings();
+    if (!LogoImage->isVisible())
+        AutoArrangeActExecute();
+    if (XwdGridForm && XwdGridForm->isVisible())
+        XwdGridForm->ReloadSettings();
+    if (CluesForm && CluesForm->isVisible())
+        CluesForm->LoadFonts();
+    if (AutoclueForm && AutoclueForm->isVisible())
+        AutoclueForm->LoadSettings();
+    updateActions();
 }
 
 void TXwdMainForm::ScorePuzzle1Click()

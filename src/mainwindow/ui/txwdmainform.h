@@ -66,6 +66,11 @@ public:
 
     // Stores the bounds of every window as the preferences' screen layout asks.
     void WriteWindowBounds();
+    // After the preferences were saved: the chosen arrangement (1 to 4, or 'c' to keep the
+    // windows where the user put them) when `arrange`, then every window's settings again.
+    void ApplyPreferences(bool arrange, int code);
+    // The status font and PlaySounds from the settings.
+    void ReadOwnSettings();
 
     // The smallest size the window may take once a puzzle is open.
     QSize MinimumFittedSize() const;

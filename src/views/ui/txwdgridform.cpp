@@ -152,6 +152,15 @@ void TXwdGridForm::applyFontSize()
     setFont(letters);
 }
 
+void TXwdGridForm::ReloadSettings()
+{
+    readAppearance();
+    applyFontSize();
+    if (PuzzleMode != SolveMode)
+        Editor.LoadGridCharSet();
+    update();
+}
+
 void TXwdGridForm::FormShow()
 {
     readAppearance();

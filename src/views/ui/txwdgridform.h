@@ -36,6 +36,8 @@ public:
     void DropCurrentWord();
     // Left and top from ScreenBoundsGrid (else 2, 2); size from SquareSize.
     void ArrangeFromSettings();
+    // Colours, font, cursor and (when not solving) the admitted characters read again.
+    void ReloadSettings();
 
     void SetSquare(int x, int y, bool clear);
     void ClickCell(int x, int y, Qt::MouseButton button);

@@ -1,0 +1,26 @@
+#pragma once
+// The companion programs of the Tools menu: which action starts which program, where its
+// path is kept, and what the user is told when it cannot be started.
+
+#include <QString>
+
+#include <array>
+
+struct TCompanionTool {
+    const char *ActionName;   // "DictionaryAct", ...
+    const char *Caption;      // "&Dictionary..."
+    const char *PathSetting;  // "DictPath", ...
+    // Our own companions are found by their file name and the title of their window.
+    const char *CompanionFile;
+    const char *WindowTitle;
+};
+
+constexpr int CompanionToolCount = 5;
+const std::array<TCompanionTool, CompanionToolCount> &CompanionTools();
+
+// The tool's path as stored; empty when none is set.
+QString CompanionToolPath(int tool);
+// The caption's text between "&" and "..." followed by " has not been properly configured.".
+QString ToolFailureMessage(const QString &caption);
+// The window title looked for when the command line names one of our own companions.
+QString CompanionWindowTitle(const QString &commandLine);

@@ -1,0 +1,193 @@
+// The Tools menu starting real programs, the help window reading the collection the build
+// made, and the about box.
+
+#include "mainwindow/puzzlestate.h"
+#include "mainwindow/tlaunchmodule.h"
+#include "mainwindow/ui/taboutbox.h"
+#include "mainwindow/ui/thelpform.h"
+#include "mainwindow/ui/tprogram.h"
+#include "mainwindow/ui/txwdmainform.h"
+#include "scripteddialogs.h"
+#include "settings/txwdprocs.h"
+#include "uitestmain.h"
+
+#include <QAction>
+#include <QFile>
+#include <QFileInfo>
+#include <QHelpContentModel>
+#include <QHelpContentWidget>
+#include <QHelpEngine>
+#include <QHelpIndexWidget>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTabWidget>
+#include <QTextBrowser>
+#include <QToolButton>
+
+#include <csignal>
+
+class TestTools : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TProgram> program;
+    std::unique_ptr<TDialogScript> dialogs;
+    std::unique_ptr<TScratchDir> dir;
+
+    QAction *act(const char *name) { return program->MainForm->findChild<QAction *>(name); }
+
+    // A tool that notes each start in its log and then keeps running.
+    QString makeTool(const QString &name)
+    {
+        const QString path = dir->path(name);
+        WriteFileBytes(path, QStringLiteral("#!/bin/sh\necho started >> '%1.log'\nexec sleep 30\n").arg(path).toUtf8());
+        QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+        return path;
+    }
+
+    static int starts(const QString &tool) { return int(ReadFileBytes(tool + ".log").count("started")); }
+
+private slots:
+    void init()
+    {
+        ResetSettings();
+        PuzzleChanged = false;
+        CurrentPuzzlePath.clear();
+        dir = std::make_unique<TScratchDir>();
+        dialogs = std::make_unique<TDialogScript>();
+        program = std::make_unique<TProgram>();
+        program->Start({});
+    }
+
+    void cleanup()
+    {
+        for (int slot = 0; slot < 5; ++slot)
+            if (const qint64 pid = LaunchModule ? LaunchModule->RunningProcess(slot) : 0)
+                ::kill(pid_t(pid), SIGTERM);
+        program.reset();
+        dialogs.reset();
+        dir.reset();
+    }
+
+    void aToolIsAvailableExactlyWhenItsPathIsSet()
+    {
+        auto *button = program->MainForm->findChild<QToolButton *>("DictBtn");
+        QVERIFY(button);
+        QVERIFY(!act("DictionaryAct")->isEnabled());
+        QVERIFY(!button->isEnabled());
+        QVERIFY(button->toolTip().isEmpty());
+        QCOMPARE(act("DictionaryAct")->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_D));
+
+        WriteSetting("DictPath", "/opt/dict");
+        WriteSetting("MailPath", "/opt/mail");
+        program->MainForm->ApplyPreferences(false, 0);
+        QVERIFY(act("DictionaryAct")->isEnabled());
+        QVERIFY(button->isEnabled());
+        QCOMPARE(button->toolTip(), QStringLiteral("Open dictionary"));
+        QVERIFY(act("PostrunnerAct")->isEnabled());
+        QVERIFY(!act("ThesaurusAct")->isEnabled());
+        QVERIFY(!act("CluevaultAct")->isEnabled());
+    }
+
+    void aToolStartsOnceAndASecondChoiceDoesNotStartAnotherCopy()
+    {
+        const QString tool = makeTool("dict tool");
+        WriteSetting("DictPath", tool);
+        program->MainForm->ApplyPreferences(false, 0);
+        act("DictionaryAct")->trigger();
+        QTRY_COMPARE(starts(tool), 1);
+        program->MainForm->findChild<QToolButton *>("DictBtn")->click();
+        act("DictionaryAct")->trigger();
+        QTest::qWait(300);
+        QCOMPARE(starts(tool), 1);
+        QVERIFY((*dialogs)->Errors.isEmpty());
+
+        // Once it has ended, the next choice starts it again.
+        const qint64 pid = LaunchModule->RunningProcess(0);
+        QVERIFY(pid > 0);
+        ::kill(pid_t(pid), SIGTERM);
+        QTRY_COMPARE(LaunchModule->RunningProcess(0), 0);
+        act("DictionaryAct")->trigger();
+        QTRY_COMPARE(starts(tool), 2);
+    }
+
+    void aPathToNothingIsReportedByTheToolsName()
+    {
+        WriteSetting("ThesPath", dir->path("missing"));
+        WriteSetting("ScraPath", dir->path("missing too"));
+        program->MainForm->ApplyPreferences(false, 0);
+        act("ThesaurusAct")->trigger();
+        act("ScratchpadAct")->trigger();
+        QCOMPARE((*dialogs)->Errors, QStringList({"Thesaurus has not been properly configured.",
+                                                  "Scratchpad has not been properly configured."}));
+    }
+
+    void helpShowsEveryChapterAndFindsOurKeywords()
+    {
+        QVERIFY2(QFileInfo::exists(THelpForm::CollectionFile()), qPrintable(THelpForm::CollectionFile()));
+        QCOMPARE(act("HelpContentsAct")->text(), QStringLiteral("&Contents..."));
+        act("HelpContentsAct")->trigger();
+        auto *help = program->MainForm->findChild<THelpForm *>();
+        QVERIFY(help && help->isVisible());
+        QCOMPARE(help->Tabs->currentIndex(), 0);
+        QHelpContentModel *contents = help->Engine->contentModel();
+        QTRY_VERIFY(contents->rowCount() > 0);
+        const QModelIndex root = contents->index(0, 0);
+        QStringList chapters;
+        for (int i = 0; i < contents->rowCount(root); ++i)
+            chapters.append(contents->data(contents->index(i, 0, root), Qt::DisplayRole).toString());
+        QCOMPARE(chapters, QStringList({"Constructing a puzzle", "Writing the clues", "Solving a puzzle",
+                                        "Printing and exporting", "Keys and mouse in the grid", "Preferences",
+                                        "Companion tools"}));
+        QTRY_VERIFY(help->Browser->toPlainText().contains("Quillmark builds and solves crossword puzzles"));
+
+        act("HelpKeywordAct")->trigger();
+        QCOMPARE(help->Tabs->currentIndex(), 1);
+        QCOMPARE(help->IndexEdit->text(), QString());
+        QHelpIndexWidget *index = help->Engine->indexWidget();
+        QTRY_VERIFY(index->model()->rowCount() > 0);
+        help->IndexEdit->setText("Symm");
+        QTRY_COMPARE(index->model()->rowCount(), 1);
+        QCOMPARE(index->model()->index(0, 0).data().toString(), QStringLiteral("Symmetry"));
+        index->setCurrentIndex(index->model()->index(0, 0));
+        index->activateCurrentItem();
+        QTRY_COMPARE(help->Browser->source().fileName(), QStringLiteral("constructing.html"));
+        QVERIFY(help->Browser->toPlainText().contains("diagonal symmetry"));
+
+        // The help window goes with the main window.
+        program->MainForm->close();
+        QVERIFY(!help->isVisible());
+    }
+
+    void aboutBoxNamesTheProgramAndItsVersion()
+    {
+        (*dialogs)->DialogScripts.append([](QDialog *box) {
+            const QString version = box->findChild<QLabel *>("Version")->text();
+            QVERIFY(version.startsWith("Quillmark "));
+            QVERIFY(version.size() > QStringLiteral("Quillmark ").size());
+        });
+        act("HelpAboutAct")->trigger();
+        QCOMPARE((*dialogs)->ExecutedDialogs, QStringList({"AboutBox"}));
+    }
+
+    void splashShowsTheLogoUntilTheMainWindowIsUp()
+    {
+        TSplashForm splash;
+        splash.show();
+        const QImage card = splash.pixmap().toImage();
+        // The logo's navy lettering on the white card.
+        int navy = 0;
+        for (int y = 0; y < card.height(); ++y)
+            for (int x = 0; x < card.width(); ++x) {
+                const QColor c = card.pixelColor(x, y);
+                navy += c.blue() > 80 && c.red() < 60 && c.green() < 60;
+            }
+        QVERIFY(navy > 500);
+        QCOMPARE(card.pixelColor(5, 5), QColor(Qt::white));
+        splash.finish(program->MainForm);
+        QVERIFY(!splash.isVisible());
+    }
+};
+
+QUILLMARK_UI_TEST_MAIN(TestTools)
+#include "tst_tools.moc"

@@ -69,3 +69,5 @@ struct TCliCommand {
 
 // The commands on puzzle files themselves (info, new, convert, import, export-text).
 QList<TCliCommand> PuzzleCommands();
+// The web page of a puzzle and the web player (export-web, generate-player).
+QList<TCliCommand> WebCommands();

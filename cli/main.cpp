@@ -11,6 +11,7 @@ namespace {
 QList<TCliCommand> AllCommands()
 {
     QList<TCliCommand> commands = PuzzleCommands();
+    commands += WebCommands();
     return commands;
 }
 

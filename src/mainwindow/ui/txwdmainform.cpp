@@ -19,6 +19,7 @@
 #include "views/gridgeometry.h"
 #include "views/ui/tcluesform.h"
 #include "views/ui/txwdgridform.h"
+#include "web/ui/webcommands.h"
 
 #include <algorithm>
 
@@ -126,6 +127,7 @@ TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
     createActions();
     createMenus();
     createBody();
+    InstallWebCommands(this);
     updateActions();
 }
 

@@ -335,7 +335,15 @@
     paintSquare(i) {
       const cell = this.cellElements[i];
       if (!this.isWhite(i)) return;
-      cell.textContent = this.entries[i];
+      // The letter is the square's only text (its number is drawn from data-number), in a
+      // span of its own so that paper can leave it out.
+      let letter = cell.firstElementChild;
+      if (!letter) {
+        letter = document.createElement("span");
+        letter.className = "letter";
+        cell.appendChild(letter);
+      }
+      letter.textContent = this.entries[i];
       cell.classList.toggle("wrong", this.wrong.has(i));
       cell.classList.toggle("revealed", this.revealed.has(i));
       cell.setAttribute("aria-label", this.squareLabel(i));

@@ -265,6 +265,14 @@ def exported_page(browser, work, info, checks, shots):
         ["1,3"] if accented["answer"][0] != "Q" else [])
     checks.true("check announces", "wrong" in browser.eval("document.querySelector('[role=status]').textContent"))
 
+    # The clock stops while paused.
+    browser.click("#pause-button")
+    paused_at = browser.eval("document.getElementById('clock').textContent")
+    time.sleep(1.5)
+    checks.equal("paused clock", browser.eval("document.getElementById('clock').textContent"), paused_at)
+    checks.equal("paused grid is covered", browser.eval("document.getElementById('paused-cover').hidden"), False)
+    browser.click("#pause-button")
+
     # Reveal a square.
     browser.click(cell(15, 15))
     browser.click('button[data-action="reveal"][data-scope="square"]')
@@ -291,6 +299,17 @@ def exported_page(browser, work, info, checks, shots):
     status = browser.eval("document.querySelector('[role=status]').textContent")
     checks.true("solved is shown (status %r)" % status, status.startswith("Solved"))
     checks.equal("problems on the exported page", problems(browser), [])
+
+    # Paper gets the blank puzzle and its clues, without the tools. Capital É is in the
+    # grid only, so it must not be printed.
+    pdf = os.path.join(work, "printed.pdf")
+    with open(pdf, "wb") as f:
+        f.write(base64.b64decode(browser.call("Page.printToPDF")["data"]))
+    printed = subprocess.run(["pdftotext", "-enc", "UTF-8", pdf, "-"], check=True,
+                             stdout=subprocess.PIPE).stdout.decode()
+    checks.true("printed clues", "ACROSS" in printed and "Clue for 59 Across" in printed)
+    checks.true("printed page has no letters in the grid", "É" not in printed)
+    checks.true("printed page has no tools", "Reveal" not in printed and "Pause" not in printed)
 
     if shots:
         width = browser.screenshot(os.path.join(shots, "web-desktop.png"), 1280, 900, False)

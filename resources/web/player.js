@@ -678,9 +678,7 @@
         start(decodeRecord(reader.result, file.name.replace(/\.xwd$/i, "")));
       } catch (e) {
         if (!(e instanceof CorruptPuzzle)) throw e;
-        game = null;
-        $("player").hidden = true;
-        $("loader").hidden = false;
+        // Like the program, keep the puzzle in hand when another file cannot be read.
         $("load-error").textContent = CORRUPT;
       }
     };
@@ -712,7 +710,4 @@
   const data = JSON.parse($("puzzle-data").textContent);
   if (data === null) wireLoader();
   else start(puzzleFromJson(data));
-
-  // For tests and for anyone scripting the page.
-  window.quillmark = { openFile: openFile, decodeRecord: decodeRecord };
 })();

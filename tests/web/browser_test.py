@@ -328,10 +328,16 @@ def player_page(browser, work, info, checks):
     browser.navigate("file://" + os.path.join(work, "player.html"))
     checks.equal("player shows its loader", browser.eval("document.getElementById('loader').hidden"), False)
 
-    def load(name):
-        document = browser.call("DOM.getDocument")["root"]["nodeId"]
-        node = browser.call("DOM.querySelector", {"nodeId": document, "selector": "#file-input"})["nodeId"]
-        browser.call("DOM.setFileInputFiles", {"nodeId": node, "files": [os.path.join(work, name)]})
+    def load(name, drop=False):
+        path = os.path.join(work, name)
+        if drop:
+            data = {"items": [], "files": [path], "dragOperationsMask": 1}
+            for kind in ("dragEnter", "dragOver", "drop"):
+                browser.call("Input.dispatchDragEvent", {"type": kind, "x": 300, "y": 300, "data": data})
+        else:
+            document = browser.call("DOM.getDocument")["root"]["nodeId"]
+            node = browser.call("DOM.querySelector", {"nodeId": document, "selector": "#file-input"})["nodeId"]
+            browser.call("DOM.setFileInputFiles", {"nodeId": node, "files": [path]})
         before = browser.eval("document.getElementById('title').textContent")
         for _ in range(100):
             if browser.eval("document.getElementById('title').textContent !== %s ||"
@@ -339,7 +345,7 @@ def player_page(browser, work, info, checks):
                 return
             time.sleep(0.05)
 
-    load("old.xwd")
+    load("old.xwd", drop=True)
     checks.equal("version 5 file shown", browser.eval("document.getElementById('player').hidden"), False)
     checks.equal("version 5 title", browser.eval("document.getElementById('title').textContent"), "old")
     checks.equal("version 5 byline", browser.eval("document.getElementById('byline').textContent"),
@@ -354,7 +360,11 @@ def player_page(browser, work, info, checks):
 
     load("corrupt.xwd")
     checks.equal("corrupt file message", browser.eval("document.getElementById('load-error').textContent"), CORRUPT)
-    checks.equal("corrupt file hides the grid", browser.eval("document.getElementById('player').hidden"), True)
+    checks.equal("corrupt file keeps the puzzle in hand", cell_text(browser, 3, 3), "É")
+    browser.reload()
+    load("corrupt.xwd")
+    checks.equal("corrupt file as the first", browser.eval("document.getElementById('load-error').textContent"), CORRUPT)
+    checks.equal("no grid without a puzzle", browser.eval("document.getElementById('player').hidden"), True)
     checks.equal("problems on the player page", problems(browser), [])
 
 

@@ -13,7 +13,7 @@
 
 namespace {
 
-const QString WebFilter = QStringLiteral("Web Page (*.html)|*.html");
+const QString WebFilter = QStringLiteral("Web Page|*.html");
 
 // The file to write, with ".html" added when the name has no extension.
 std::optional<QString> chooseWebFile(TXwdMainForm *form, const QString &title, const QString &fileName)

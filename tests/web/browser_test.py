@@ -126,7 +126,7 @@ class Browser:
         self.click_at(box[0], box[1])
 
     KEYS = {"Tab": 9, "Backspace": 8, "ArrowRight": 39, "ArrowLeft": 37, "ArrowDown": 40,
-            "ArrowUp": 38, " ": 32}
+            "ArrowUp": 38, "Escape": 27, "Enter": 13, "Delete": 46, " ": 32}
 
     def key(self, key, shift=False):
         params = {"type": "keyDown", "key": key, "modifiers": 8 if shift else 0}

@@ -287,6 +287,15 @@ def exported_page(browser, work, info, checks, shots):
     checks.equal("letters after reload", after, before)
     checks.true("some letters were kept", len(after) > len(first["answer"]))
 
+    # Keyboard only: Esc leaves the grid for the tools, Tab comes back to it.
+    browser.key("Escape")
+    checks.equal("Esc goes to the tools", browser.eval("document.activeElement.id"), "pause-button")
+    for _ in range(10):
+        browser.key("Tab")
+        if browser.eval("document.activeElement.id") == "entry":
+            break
+    checks.equal("Tab reaches the grid", browser.eval("document.activeElement.id"), "entry")
+
     if shots:
         browser.screenshot(os.path.join(shots, "web-desktop-progress.png"), 1280, 900, False)
 

@@ -453,6 +453,7 @@
       const word = this.currentWord();
       const ordered = this.words.filter((w) => w.direction === "across")
         .concat(this.words.filter((w) => w.direction === "down"));
+      if (!ordered.length) return;
       const at = ordered.indexOf(word);
       const next = ordered[(at + step + ordered.length) % ordered.length];
       this.goToWord(next);

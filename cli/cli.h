@@ -77,3 +77,5 @@ QList<TCliCommand> ExportCommands();
 QList<TCliCommand> PrintCommands();
 // The clue-writing commands (deflist, byline).
 QList<TCliCommand> ClueCommands();
+// The web page of a puzzle and the web player (export-web, generate-player).
+QList<TCliCommand> WebCommands();

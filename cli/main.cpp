@@ -14,6 +14,7 @@ QList<TCliCommand> AllCommands()
     commands += ExportCommands();
     commands += PrintCommands();
     commands += ClueCommands();
+    commands += WebCommands();
     return commands;
 }
 

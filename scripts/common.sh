@@ -5,7 +5,8 @@ ROOT="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 BUILD="$ROOT/build"
 
 # Everything the project needs on a fresh Debian 12: the toolchain, Qt 6, GoogleTest, the
-# fonts our pages use, and the independent readers our tests check exports with.
+# fonts our pages use, and the independent readers our tests check exports with (chromium,
+# driven by a Python script, for the web pages).
 PACKAGES=(
   cmake g++ ninja-build pkg-config
   qt6-base-dev qt6-svg-dev qt6-multimedia-dev qt6-qpa-plugins libqt6svg6
@@ -14,6 +15,7 @@ PACKAGES=(
   fonts-liberation2
   ghostscript libwmf-bin poppler-utils
   xvfb x11-apps imagemagick
+  chromium python3
 )
 
 install_missing() {

@@ -26,6 +26,7 @@
 #include "views/gridgeometry.h"
 #include "views/ui/tcluesform.h"
 #include "views/ui/txwdgridform.h"
+#include "web/ui/webcommands.h"
 
 #include <algorithm>
 
@@ -141,6 +142,7 @@ TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
     InstallToolsCommands(this);
     InstallPreferencesCommand(this);
     InstallHelpCommands(this);
+    InstallWebCommands(this);
     updateActions();
 }
 

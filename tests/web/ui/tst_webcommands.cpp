@@ -1,0 +1,79 @@
+// The web commands in the program: where they sit, when they are offered, what they write.
+
+#include "mainwindow/puzzlestate.h"
+#include "mainwindow/ui/tprogram.h"
+#include "mainwindow/ui/txwdmainform.h"
+#include "model/puzzlefile.h"
+#include "scripteddialogs.h"
+#include "uitestmain.h"
+#include "web/webpage.h"
+
+#include <QAction>
+#include <QFile>
+#include <QMenu>
+
+class TestWebCommands : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TScratchDir> dir;
+    std::unique_ptr<TDialogScript> dialogs;
+    std::unique_ptr<TProgram> program;
+
+    QAction *action(const char *name) { return program->MainForm->findChild<QAction *>(name); }
+
+private slots:
+    void init()
+    {
+        ResetSettings();
+        Puzzle = TPuzzle{};
+        CurrentPuzzlePath.clear();
+        dir = std::make_unique<TScratchDir>();
+        dialogs = std::make_unique<TDialogScript>();
+        program = std::make_unique<TProgram>();
+        program->Start({});
+    }
+
+    void cleanup()
+    {
+        program.reset();
+        dialogs.reset();
+    }
+
+    void bothCommandsSitInTheExportMenuAndThePlayerNeedsNoPuzzle()
+    {
+        QMenu *menu = program->MainForm->Menu("ExportMenu");
+        QVERIFY(menu->actions().contains(action("ExporttoWebAct")));
+        QVERIFY(menu->actions().contains(action("GeneratePlayerAct")));
+        QCOMPARE(action("ExporttoWebAct")->text(), "Export to &Web...");
+        QCOMPARE(action("GeneratePlayerAct")->text(), "&Generate Player...");
+        QVERIFY(!action("ExporttoWebAct")->isEnabled());
+
+        (*dialogs)->Files.append(TFileChoice{dir->path("player"), 1});
+        action("GeneratePlayerAct")->trigger();
+        QCOMPARE(ReadFileBytes(dir->path("player.html")), PlayerPage());
+    }
+
+    void exportWritesThePuzzlesPageOrSaysWhyNot()
+    {
+        const QString path = dir->path("sunday-stroll.xwd");
+        QVERIFY(QFile::copy(QUILLMARK_EXAMPLES "/sunday-stroll.xwd", path));
+        (*dialogs)->Files.append(TFileChoice{path, 1});
+        action("ConstructOpenAct")->trigger();
+        QVERIFY(action("ExporttoWebAct")->isEnabled());
+
+        (*dialogs)->Files.append(TFileChoice{dir->path("stroll.html"), 1});
+        action("ExporttoWebAct")->trigger();
+        QCOMPARE((*dialogs)->FileRequests.last().FileName, "sunday-stroll.html");
+        QCOMPARE(ReadFileBytes(dir->path("stroll.html")), WebPage(Puzzle, "sunday-stroll"));
+
+        (*dialogs)->Files.append(TFileChoice{dir->path("no/such/folder/page.html"), 1});
+        action("ExporttoWebAct")->trigger();
+        QCOMPARE((*dialogs)->Errors.size(), 1);
+        QVERIFY((*dialogs)->Errors.first().startsWith("The web page could not be written."));
+        QVERIFY(!QFile::exists(dir->path("no/such/folder/page.html")));
+    }
+};
+
+QUILLMARK_UI_TEST_MAIN(TestWebCommands)
+#include "tst_webcommands.moc"

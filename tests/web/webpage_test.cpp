@@ -1,0 +1,109 @@
+#include "model/cp1252.h"
+#include "model/puzzlefile.h"
+#include "model/puzzletext.h"
+#include "testsupport.h"
+#include "web/webpage.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TPuzzle fifteen()
+{
+    QFile file(QStringLiteral(QUILLMARK_TEST_DATA "/fifteen.txt"));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return PuzzleFromText(QString::fromUtf8(file.readAll()));
+}
+
+// The JSON the page's script reads, taken back out of the page.
+QJsonObject embeddedPuzzle(const QString &page)
+{
+    static const QRegularExpression data(QStringLiteral(R"(<script type="application/json" id="puzzle-data">(.*?)</script>)"),
+                                         QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpressionMatch m = data.match(page);
+    EXPECT_TRUE(m.hasMatch());
+    return QJsonDocument::fromJson(m.captured(1).toUtf8()).object();
+}
+
+int cli(const QStringList &args)
+{
+    QProcess p;
+    p.start(QStringLiteral(QUILLMARK_CLI), args);
+    EXPECT_TRUE(p.waitForFinished(30000));
+    return p.exitCode();
+}
+
+}  // namespace
+
+TEST(WebPage, CluesAndBylineComeBackAsWrittenWhateverTheyHold)
+{
+    const TPuzzle p = fifteen();
+    const QString page = QString::fromUtf8(WebPage(p, QStringLiteral("Tom & <Jerry>")));
+
+    // Only the template's own two scripts end in the page; the clue's "</script>" is text.
+    EXPECT_EQ(page.count(QStringLiteral("</script>")), 2);
+    EXPECT_TRUE(page.contains(QStringLiteral("<title>Tom &amp; &lt;Jerry&gt;</title>")));
+    EXPECT_TRUE(page.contains(QStringLiteral("Zoë O&#39;Brien &amp; “Friends” &lt;crew&gt;")));
+    EXPECT_FALSE(page.contains(QStringLiteral("{{")));
+
+    const QJsonObject puzzle = embeddedPuzzle(page);
+    EXPECT_EQ(puzzle["byline"].toString(), FromCp1252(p.Byline.text()));
+    const QJsonArray clues = puzzle["clues"].toArray();
+    ASSERT_EQ(clues.size(), WordCount(p));
+    int index = 0;
+    for (const TWordRef &w : WordsInSlotOrder(p)) {
+        const QJsonObject clue = clues[index++].toObject();
+        EXPECT_EQ(clue["column"].toInt(), w.Column);
+        EXPECT_EQ(clue["row"].toInt(), w.Row);
+        EXPECT_EQ(clue["text"].toString(), FromCp1252(p.clue(p.slotAt(w.Column, w.Row, w.Dir))));
+    }
+}
+
+TEST(WebPage, AnswersAreNotReadableInThePageSource)
+{
+    const TPuzzle p = fifteen();
+    const QString page = QString::fromUtf8(WebPage(p, QStringLiteral("fifteen")));
+    for (const TWordRef &w : WordsInSlotOrder(p)) {
+        const QString answer = FromCp1252(p.GetWord(w.Column, w.Row, char(w.Dir)));
+        if (answer.size() >= 5) {
+            EXPECT_FALSE(page.contains(answer)) << answer.toStdString();
+        }
+    }
+    // The pattern of black squares is given, the letters are not.
+    const QJsonArray pattern = embeddedPuzzle(page)["pattern"].toArray();
+    ASSERT_EQ(pattern.size(), 15);
+    EXPECT_EQ(pattern[0].toString(), QStringLiteral("....#.....#...."));
+}
+
+TEST(WebPage, PlayerCarriesNoPuzzle)
+{
+    const QString page = QString::fromUtf8(PlayerPage());
+    EXPECT_TRUE(page.contains(QStringLiteral(R"(id="puzzle-data">null</script>)")));
+    EXPECT_TRUE(page.contains(QStringLiteral("Puzzle not in Quillmark format or is corrupt.")));
+}
+
+TEST(WebPage, CliWritesPagesOrNothingWithTheUsualExitCodes)
+{
+    TScratchDir dir;
+    const QString puzzle = dir.path("fifteen.xwd");
+    WriteFileAtomically(puzzle, EncodePuzzle(fifteen()));
+    WriteFileBytes(dir.path("short.xwd"), QByteArray(100, 'x'));
+
+    EXPECT_EQ(cli({"export-web", puzzle, dir.path("page.html")}), 0);
+    EXPECT_EQ(embeddedPuzzle(QString::fromUtf8(ReadFileBytes(dir.path("page.html"))))["title"].toString(), "fifteen");
+    EXPECT_EQ(cli({"generate-player", dir.path("player.html")}), 0);
+    EXPECT_EQ(ReadFileBytes(dir.path("player.html")), PlayerPage());
+
+    EXPECT_EQ(cli({"export-web", puzzle}), 1);
+    EXPECT_EQ(cli({"export-web", dir.path("short.xwd"), dir.path("bad.html")}), 2);
+    EXPECT_EQ(cli({"export-web", puzzle, dir.path("missing/folder/page.html")}), 3);
+    EXPECT_EQ(cli({"player", dir.path("missing/folder/player.html")}), 3);
+    EXPECT_FALSE(QFile::exists(dir.path("bad.html")));
+}

@@ -1,6 +1,7 @@
 #include "mainwindow/ui/txwdmainform.h"
 
 #include "clues/ui/tautoclueform.h"
+#include "interchange/ui/interchangecommands.h"
 #include "mainwindow/history.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/specifications.h"
@@ -126,6 +127,7 @@ TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
     createActions();
     createMenus();
     createBody();
+    InstallInterchangeCommands(this);
     updateActions();
 }
 
@@ -403,6 +405,10 @@ void TXwdMainForm::OpenFromCommandLine(const QStringList &arguments)
 {
     if (arguments.isEmpty())
         return;
+    if (IsInterchangeFile(arguments.at(0))) {
+        OpenInterchangeFile(this, arguments.at(0), arguments.value(1).toUpper() == u"-S");
+        return;
+    }
     CurrentPuzzlePath = arguments.at(0);
     if (!tryOpen(CurrentPuzzlePath)) {
         ShowPuzzleError(CorruptMessage);
@@ -431,11 +437,15 @@ void TXwdMainForm::Open1Click(bool solving)
     request.Kind = TFileRequest::Open;
     request.Title = solving ? QStringLiteral("Open puzzle for solving") : QStringLiteral("Open puzzle for constructing");
     request.Directory = QDir::currentPath();
-    request.Filter = OpenFilter;
+    request.Filter = OpenFilter + InterchangeOpenFilter();
     request.DefaultExtension = QStringLiteral("xwd");
     const auto choice = Dialogs().ChooseFile(this, request);
     if (!choice)
         return;
+    if (IsInterchangeFile(choice->Path)) {
+        OpenInterchangeFile(this, choice->Path, solving);
+        return;
+    }
     if (!tryOpen(choice->Path)) {
         // Read the previous puzzle again so that what is shown is what is on disk.
         if (!CurrentPuzzlePath.isEmpty())
@@ -502,8 +512,12 @@ void TXwdMainForm::showSaving()
 
 void TXwdMainForm::Save1Click()
 {
-    if (!puzzleOpen_ || CurrentPuzzlePath.isEmpty())
+    if (!puzzleOpen_)
         return;
+    if (CurrentPuzzlePath.isEmpty()) {
+        SaveUntitledPuzzle(this);
+        return;
+    }
     if (WritePuzzleOrReport(CurrentPuzzlePath))
         showSaving();
 }
@@ -564,7 +578,8 @@ void TXwdMainForm::ReverttoSaved1Click()
 
 bool TXwdMainForm::SaveChangesQuery()
 {
-    if (PuzzleMode != SolveMode) {
+    // A puzzle with no file yet is never saved unasked, even when solving.
+    if (PuzzleMode != SolveMode || CurrentPuzzlePath.isEmpty()) {
         PlayQuestionSound();
         switch (Dialogs().Ask(this, ChangedQuestion, true)) {
         case TAnswer::Cancel:
@@ -577,7 +592,7 @@ bool TXwdMainForm::SaveChangesQuery()
         }
     }
     // A failed save must not let the caller throw the changes away.
-    return WritePuzzleOrReport(CurrentPuzzlePath);
+    return CurrentPuzzlePath.isEmpty() ? SaveUntitledPuzzle(this) : WritePuzzleOrReport(CurrentPuzzlePath);
 }
 
 void TXwdMainForm::HistoryClick(int k)
@@ -882,7 +897,7 @@ void TXwdMainForm::Exit1Click()
 
 void TXwdMainForm::closeEvent(QCloseEvent *event)
 {
-    if (PuzzleChanged && PuzzleMode != SolveMode) {
+    if (PuzzleChanged && (PuzzleMode != SolveMode || CurrentPuzzlePath.isEmpty())) {
         PlayQuestionSound();
         const TAnswer answer = Dialogs().Ask(this, ChangedQuestion, true);
         if (answer == TAnswer::Cancel) {
@@ -892,7 +907,8 @@ void TXwdMainForm::closeEvent(QCloseEvent *event)
         if (answer == TAnswer::No)
             PuzzleChanged = false;
     }
-    if (PuzzleChanged && !WritePuzzleOrReport(CurrentPuzzlePath)) {
+    if (PuzzleChanged &&
+        !(CurrentPuzzlePath.isEmpty() ? SaveUntitledPuzzle(this) : WritePuzzleOrReport(CurrentPuzzlePath))) {
         event->ignore();
         return;
     }

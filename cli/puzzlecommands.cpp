@@ -47,7 +47,7 @@ TLoadedPuzzle LoadAnyOrFail(const QString &path, bool cutLongText)
                 err << "quillmark-cli: " << path << ": " << warning << '\n';
             return {imported.Puzzle, PuzzleFormat::Current};
         } catch (const TLongTextError &e) {
-            throw TCliError{ExitUnreadable, QStringLiteral("%1: %2 Add --cut-long-text to cut it.").arg(path, e.message())};
+            throw TCliError{ExitUnreadable, QStringLiteral("%1: %2 Add --cut-long-text to cut to fit.").arg(path, e.message())};
         } catch (const TInterchangeError &e) {
             throw TCliError{ExitUnreadable, QStringLiteral("%1: %2").arg(path, e.message())};
         }

@@ -8,7 +8,9 @@
 #include <QByteArray>
 
 // Reads a .puz file. Wrong checksums are reported as a notice, not refused: the content is
-// still read as it stands. Throws TInterchangeError when the bytes are not a .puz puzzle.
+// still read as it stands. Version 1.x text is read as Windows-1252, the superset of Latin-1
+// that Windows programs wrote into it. Throws TInterchangeError when the bytes are not a
+// .puz puzzle.
 TForeignPuzzle ReadPuz(const QByteArray &bytes);
 // Writes version 1.3 (Latin-1) when every text fits Latin-1, else version 2.0 (UTF-8).
 // Throws TInterchangeError when the grid lacks a letter anywhere or holds one Latin-1 lacks.

@@ -106,6 +106,9 @@ void ShowPuzzleError(const QString &text)
 
 bool WritePuzzleOrReport(const QString &path, bool version5)
 {
+    // A puzzle opened from another format has no file yet: writing it asks for one.
+    if (path.isEmpty() && !version5 && XwdMainForm)
+        return SaveUntitledPuzzle(XwdMainForm);
     try {
         if (version5)
             WritePuzzle5(path);
@@ -514,10 +517,6 @@ void TXwdMainForm::Save1Click()
 {
     if (!puzzleOpen_)
         return;
-    if (CurrentPuzzlePath.isEmpty()) {
-        SaveUntitledPuzzle(this);
-        return;
-    }
     if (WritePuzzleOrReport(CurrentPuzzlePath))
         showSaving();
 }
@@ -592,7 +591,7 @@ bool TXwdMainForm::SaveChangesQuery()
         }
     }
     // A failed save must not let the caller throw the changes away.
-    return CurrentPuzzlePath.isEmpty() ? SaveUntitledPuzzle(this) : WritePuzzleOrReport(CurrentPuzzlePath);
+    return WritePuzzleOrReport(CurrentPuzzlePath);
 }
 
 void TXwdMainForm::HistoryClick(int k)
@@ -907,8 +906,7 @@ void TXwdMainForm::closeEvent(QCloseEvent *event)
         if (answer == TAnswer::No)
             PuzzleChanged = false;
     }
-    if (PuzzleChanged &&
-        !(CurrentPuzzlePath.isEmpty() ? SaveUntitledPuzzle(this) : WritePuzzleOrReport(CurrentPuzzlePath))) {
+    if (PuzzleChanged && !WritePuzzleOrReport(CurrentPuzzlePath)) {
         event->ignore();
         return;
     }

@@ -3,6 +3,9 @@
 #include "clues/gridlanguage.h"
 #include "model/cp1252.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace {
 
 QString squareName(int column, int row)

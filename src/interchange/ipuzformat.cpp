@@ -4,6 +4,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
+#include <utility>
+
 namespace {
 
 const QString Version = QStringLiteral("http://ipuz.org/v2");

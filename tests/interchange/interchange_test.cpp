@@ -153,14 +153,11 @@ TEST(Interchange, PuzChecksumsAreRightOnWriteAndADamagedFileOpensWithAWarning)
     QByteArray gext = section("GEXT", QByteArray(15 * 15, '\0'));
     gext[6] = char(gext[6] ^ 1);
     EXPECT_TRUE(ImportPuzzle(puz + gext, TFileKind::Puz).Warnings.front().contains(u"checksums"));
-}
 
-TEST(Interchange, TimerAndPlainExtensionsReadWithoutError)
-{
-    const QByteArray puz = ExportPuzzle(generated(15, 8, true), TFileKind::Puz, QStringLiteral("Title"));
+    // The timer and the marks of checked squares read without error; what is lost is told.
     const QByteArray extras = section("GEXT", QByteArray(15 * 15, '\x10')) + section("LTIM", "125,1");
-    const TImportedPuzzle imported = ImportPuzzle(puz + extras, TFileKind::Puz);
-    EXPECT_EQ(imported.Warnings, QStringList{QStringLiteral("The solving time so far (2:05) is not kept.")});
+    EXPECT_EQ(ImportPuzzle(puz + extras, TFileKind::Puz).Warnings,
+              QStringList{QStringLiteral("The solving time so far (2:05) is not kept.")});
 }
 
 TEST(Interchange, BadInputIsRefusedWithItsReason)
@@ -220,18 +217,6 @@ TEST(Interchange, BadInputIsRefusedWithItsReason)
             << c.what << " is refused saying \"" << c.reason << "\", not: " << refusal(c.bytes, c.kind).toStdString();
 }
 
-TEST(Interchange, LongCluesAreCutOnlyWhenAskedAndNoAuthorBecomesNoByline)
-{
-    TForeignPuzzle f = smallForeign(11, 11);
-    f.Across.insert(1, QString(90, u'x'));
-    const QByteArray ipuz = WriteIpuz(f);
-    EXPECT_THROW(ImportPuzzle(ipuz, TFileKind::Ipuz), TLongTextError);
-    const TImportedPuzzle cut = ImportPuzzle(ipuz, TFileKind::Ipuz, {true});
-    EXPECT_EQ(cut.Puzzle.clue(1), QByteArray(80, 'x'));
-    EXPECT_EQ(cut.Warnings, QStringList{QStringLiteral("1 clues were cut to 80 characters.")});
-    EXPECT_EQ(cut.Puzzle.Byline.text(), "--");
-}
-
 TEST(Interchange, IpuzShapesAndStylesHaveASafeReading)
 {
     // A square left out of the shape parts the words as a black square does.
@@ -247,6 +232,7 @@ TEST(Interchange, IpuzShapesAndStylesHaveASafeReading)
     const TImportedPuzzle imported = ImportPuzzle(QJsonDocument(o).toJson(), TFileKind::Ipuz);
     EXPECT_TRUE(imported.Puzzle.isBlock(11, 11));
     EXPECT_EQ(imported.Warnings.size(), 2);
+    EXPECT_EQ(imported.Puzzle.Byline.text(), "--");  // no author prints no byline
     // Numbers that are not the usual ones would tie clues to the wrong words.
     row[2] = 7;
     puzzle[0] = row;

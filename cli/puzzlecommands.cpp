@@ -2,6 +2,7 @@
 
 #include "cli.h"
 #include "clues/gridlanguage.h"
+#include "interchange/interchange.h"
 #include "mainwindow/specifications.h"
 #include "model/clearpuzzle.h"
 #include "model/cp1252.h"
@@ -32,6 +33,27 @@ void SaveOrFail(const QString &path, const QByteArray &bytes)
 }
 
 namespace {
+
+// A puzzle of any format the extension names; what an import does not keep is told on
+// standard error.
+TLoadedPuzzle LoadAnyOrFail(const QString &path, bool cutLongText)
+{
+    const TFileKind kind = FileKindOf(path);
+    if (kind == TFileKind::Puz || kind == TFileKind::Ipuz) {
+        try {
+            const TImportedPuzzle imported = ImportPuzzleFile(path, {cutLongText});
+            QTextStream err(stderr);
+            for (const QString &warning : imported.Warnings)
+                err << "quillmark-cli: " << path << ": " << warning << '\n';
+            return {imported.Puzzle, PuzzleFormat::Current};
+        } catch (const TLongTextError &e) {
+            throw TCliError{ExitUnreadable, QStringLiteral("%1: %2 Add --cut-long-text to cut to fit.").arg(path, e.message())};
+        } catch (const TInterchangeError &e) {
+            throw TCliError{ExitUnreadable, QStringLiteral("%1: %2").arg(path, e.message())};
+        }
+    }
+    return LoadOrFail(path);
+}
 
 QJsonObject infoJson(const TLoadedPuzzle &loaded)
 {
@@ -70,7 +92,7 @@ int info(Arguments args, QTextStream &out)
 {
     const bool json = args.flag(QStringLiteral("--json"));
     const QString path = args.positional(1, QStringLiteral("one puzzle file")).first();
-    const TLoadedPuzzle loaded = LoadOrFail(path);
+    const TLoadedPuzzle loaded = LoadAnyOrFail(path, true);
     if (json) {
         out << QJsonDocument(infoJson(loaded)).toJson(QJsonDocument::Indented);
         return 0;
@@ -119,9 +141,24 @@ int create(Arguments args, QTextStream &)
 int convert(Arguments args, QTextStream &)
 {
     const bool version5 = args.flag(QStringLiteral("--version5"));
+    const bool cut = args.flag(QStringLiteral("--cut-long-text"));
     const QStringList files = args.positional(2, QStringLiteral("an input and an output file"));
-    const TLoadedPuzzle loaded = LoadOrFail(files[0]);
-    SaveOrFail(files[1], version5 ? EncodePuzzle5(loaded.Puzzle) : EncodePuzzle(loaded.Puzzle));
+    const TFileKind outKind = FileKindOf(files[1]);
+    const bool foreignOut = outKind == TFileKind::Puz || outKind == TFileKind::Ipuz;
+    if (version5 && foreignOut)
+        throw TCliError{ExitUsage, QStringLiteral("--version5 writes .xwd files only")};
+    const TLoadedPuzzle loaded = LoadAnyOrFail(files[0], cut);
+    QByteArray bytes;
+    if (foreignOut) {
+        try {
+            bytes = ExportPuzzle(loaded.Puzzle, outKind, TitleFromPath(files[0]));
+        } catch (const TInterchangeError &e) {
+            throw TCliError{ExitUnwritable, QStringLiteral("%1: %2").arg(files[1], e.message())};
+        }
+    } else {
+        bytes = version5 ? EncodePuzzle5(loaded.Puzzle) : EncodePuzzle(loaded.Puzzle);
+    }
+    SaveOrFail(files[1], bytes);
     return 0;
 }
 
@@ -167,14 +204,16 @@ QList<TCliCommand> PuzzleCommands()
     return {
         {QStringLiteral("info"), QStringLiteral(R"(  info [--json] FILE
       Shows a puzzle's specifications, byline, language and whether its grid is full.
-      FILE is read as the program opens it, but never rewritten.
+      FILE (.xwd, .puz or .ipuz) is read as the program opens it, but never rewritten.
 )"), info},
         {QStringLiteral("new"), QStringLiteral(R"(  new --size N [--language L] [--byline TEXT] OUT
       Writes a fresh empty puzzle of N x N squares (11, 13, ..., 23). The language
       (0 to 8 or a name such as French) and byline default to the user's settings.
 )"), create},
-        {QStringLiteral("convert"), QStringLiteral(R"(  convert [--version5] IN OUT
-      Reads IN and writes OUT in the current format, or in the older version 5.
+        {QStringLiteral("convert"), QStringLiteral(R"(  convert [--version5] [--cut-long-text] IN OUT
+      Reads IN and writes OUT, each in the format its extension names: .xwd (the
+      current format, or the older version 5), .puz (Across Lite) or .ipuz. Clues
+      longer than 80 characters in IN are refused unless --cut-long-text.
 )"), convert},
         {QStringLiteral("import"), QStringLiteral(R"(  import TEXT OUT
       Builds a puzzle from its text form (size, byline, language, grid, clues).

@@ -17,8 +17,15 @@ PACKAGES=(
   xvfb x11-apps imagemagick
   chromium python3
 )
+# Node runs the npm packages some tests read our files with; a machine may have its own.
+command -v npm >/dev/null 2>&1 || PACKAGES+=(nodejs npm)
 
 install_missing() {
+  install_missing_packages
+  install_npm_packages "$ROOT/tests/interchange"
+}
+
+install_missing_packages() {
   local missing=()
   for p in "${PACKAGES[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
@@ -29,6 +36,17 @@ install_missing() {
   [ "$(id -u)" -ne 0 ] && sudo="sudo"
   $sudo apt-get update -qq
   DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
+}
+
+# A test folder's npm packages, exactly as its package-lock.json pins them; again only when
+# the lock file changed since the last install.
+install_npm_packages() {
+  local dir="$1"
+  if [ -f "$dir/node_modules/.package-lock.json" ] && [ ! "$dir/package-lock.json" -nt "$dir/node_modules/.package-lock.json" ]; then
+    return 0
+  fi
+  echo "Installing npm packages in ${dir#"$ROOT"/}"
+  (cd "$dir" && npm ci --no-audit --no-fund --loglevel=error)
 }
 
 build() {

@@ -1,9 +1,9 @@
 #include "mainwindow/ui/txwdmainform.h"
-#include "output/ui/printcommands.h"
 
 #include "clues/ui/tautoclueform.h"
-#include "inspect/ui/inspectcommands.h"
 #include "clues/ui/tbylineform.h"
+#include "inspect/ui/inspectcommands.h"
+#include "interchange/ui/interchangecommands.h"
 #include "mainwindow/history.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/screenlayout.h"
@@ -12,12 +12,13 @@
 #include "mainwindow/ui/appresources.h"
 #include "mainwindow/ui/dialogs.h"
 #include "mainwindow/ui/tinfowin.h"
-#include "mainwindow/ui/tsoundfx.h"
 #include "mainwindow/ui/toolscommands.h"
+#include "mainwindow/ui/tsoundfx.h"
 #include "model/clearpuzzle.h"
 #include "model/cp1252.h"
 #include "model/puzzlefile.h"
 #include "output/ui/exportcommands.h"
+#include "output/ui/printcommands.h"
 #include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
 #include "settings/ui/txwdprefform.h"
@@ -114,6 +115,9 @@ void ShowPuzzleError(const QString &text)
 
 bool WritePuzzleOrReport(const QString &path, bool version5)
 {
+    // A puzzle opened from another format has no file yet: writing it asks for one.
+    if (path.isEmpty() && !version5 && XwdMainForm)
+        return SaveUntitledPuzzle(XwdMainForm);
     try {
         if (version5)
             WritePuzzle5(path);
@@ -143,6 +147,7 @@ TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
     InstallPreferencesCommand(this);
     InstallHelpCommands(this);
     InstallWebCommands(this);
+    InstallInterchangeCommands(this);
     updateActions();
 }
 
@@ -204,10 +209,14 @@ void TXwdMainForm::createActions()
 
 void TXwdMainForm::createMenus()
 {
-    auto addMenu = [](QMenu *parent, QMenuBar *bar, const char *name, const QString &caption) {
-        QMenu *menu = parent ? parent->addMenu(caption) : bar->addMenu(caption);
+    auto named = [](QMenu *menu, const char *name) {
         menu->setObjectName(QString::fromLatin1(name));
         return menu;
+    };
+    auto addMenu = [&named](QMenu *parent, QMenuBar *bar, const char *name, const QString &caption) {
+        if (parent)
+            return named(parent->addMenu(caption), name);
+        return named(bar->addMenu(caption), name);
     };
     QMenu *puzzle = addMenu(nullptr, menuBar(), "PuzzleMenu", QStringLiteral("&Puzzle"));
     puzzle->addAction(OpenSolveAct);
@@ -424,6 +433,10 @@ void TXwdMainForm::OpenFromCommandLine(const QStringList &arguments)
 {
     if (arguments.isEmpty())
         return;
+    if (IsInterchangeFile(arguments.at(0))) {
+        OpenInterchangeFile(this, arguments.at(0), arguments.value(1).toUpper() == u"-S");
+        return;
+    }
     // Absolute, so that the history still finds it from another working folder.
     CurrentPuzzlePath = QFileInfo(arguments.at(0)).absoluteFilePath();
     if (!tryOpen(CurrentPuzzlePath)) {
@@ -453,11 +466,15 @@ void TXwdMainForm::Open1Click(bool solving)
     request.Kind = TFileRequest::Open;
     request.Title = solving ? QStringLiteral("Open puzzle for solving") : QStringLiteral("Open puzzle for constructing");
     request.Directory = QDir::currentPath();
-    request.Filter = OpenFilter;
+    request.Filter = OpenFilter + InterchangeOpenFilter();
     request.DefaultExtension = QStringLiteral("xwd");
     const auto choice = Dialogs().ChooseFile(this, request);
     if (!choice)
         return;
+    if (IsInterchangeFile(choice->Path)) {
+        OpenInterchangeFile(this, choice->Path, solving);
+        return;
+    }
     if (!tryOpen(choice->Path)) {
         // Read the previous puzzle again so that what is shown is what is on disk.
         if (!CurrentPuzzlePath.isEmpty())
@@ -524,7 +541,7 @@ void TXwdMainForm::showSaving()
 
 void TXwdMainForm::Save1Click()
 {
-    if (!puzzleOpen_ || CurrentPuzzlePath.isEmpty())
+    if (!puzzleOpen_)
         return;
     if (WritePuzzleOrReport(CurrentPuzzlePath))
         showSaving();
@@ -586,7 +603,8 @@ void TXwdMainForm::ReverttoSaved1Click()
 
 bool TXwdMainForm::SaveChangesQuery()
 {
-    if (PuzzleMode != SolveMode) {
+    // A puzzle with no file yet is never saved unasked, even when solving.
+    if (PuzzleMode != SolveMode || CurrentPuzzlePath.isEmpty()) {
         PlayQuestionSound();
         switch (Dialogs().Ask(this, ChangedQuestion, true)) {
         case TAnswer::Cancel:
@@ -943,7 +961,7 @@ void TXwdMainForm::Exit1Click()
 
 void TXwdMainForm::closeEvent(QCloseEvent *event)
 {
-    if (PuzzleChanged && PuzzleMode != SolveMode) {
+    if (PuzzleChanged && (PuzzleMode != SolveMode || CurrentPuzzlePath.isEmpty())) {
         PlayQuestionSound();
         const TAnswer answer = Dialogs().Ask(this, ChangedQuestion, true);
         if (answer == TAnswer::Cancel) {

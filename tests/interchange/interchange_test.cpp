@@ -1,0 +1,281 @@
+#include "interchange/interchange.h"
+#include "interchange/ipuzformat.h"
+#include "interchange/puzformat.h"
+#include "model/cp1252.h"
+#include "model/puzzlefile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QRandomGenerator>
+
+#include "testsupport.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// A puzzle of `size` with a random symmetric pattern, letters (some foreign), part of the
+// grid typed in by a solver, and a clue for every word; `full` leaves no square empty.
+TPuzzle generated(int size, quint32 seed, bool full)
+{
+    QRandomGenerator random(seed);
+    TPuzzle p;
+    for (double density = 0.18;; density -= 0.02) {
+        p.ClearPuzzle(size, 'N', "Gen Erated", 0);
+        for (int c = 1; c <= size; ++c)
+            for (int r = 1; r <= size; ++r)
+                if (random.generateDouble() < density)
+                    p.Cells(c, r) = p.Cells(size + 1 - c, size + 1 - r) = BlockChar;
+        if (WordCount(p) <= MaxWords)
+            break;
+    }
+    for (int c = 1; c <= size; ++c)
+        for (int r = 1; r <= size; ++r) {
+            if (p.isBlock(c, r))
+                continue;
+            const int pick = random.bounded(30);
+            if (!full && pick < 6)
+                continue;
+            p.Cells(c, r) = pick == 29 ? uint8_t(201) : uint8_t('A' + pick % 26);  // 201 is É
+            if (random.bounded(3) == 0)
+                p.Entries(c, r) = uint8_t('A' + random.bounded(26));
+        }
+    // Odd seeds write clues Latin-1 cannot hold, so both .puz encodings are exercised.
+    const QString quote = seed % 2 ? QStringLiteral("“%1” — %2") : QStringLiteral("'%1' é %2");
+    for (const TWordRef &w : WordsInSlotOrder(p)) {
+        p.setSlotAt(w.Column, w.Row, w.Dir, uint16_t(w.Index));
+        const QString clue = quote.arg(w.Number).arg(QString(random.bounded(60), u'x'));
+        p.setClue(w.Index, ToCp1252(clue).left(MaxClueLength));
+    }
+    return p;
+}
+
+// Everything an exchange must keep: the grid, the solver's letters, each word's clue and
+// the byline (no byline and "--" both mean none).
+void expectSameContent(const TPuzzle &a, const TPuzzle &b)
+{
+    ASSERT_EQ(a.Size, b.Size);
+    for (int c = 1; c <= a.Size; ++c)
+        for (int r = 1; r <= a.Size; ++r) {
+            EXPECT_EQ(a.Cells(c, r), b.Cells(c, r)) << "cell " << c << "," << r;
+            EXPECT_EQ(a.Entries(c, r), b.Entries(c, r)) << "entry " << c << "," << r;
+        }
+    for (const TWordRef &w : WordsInSlotOrder(a))
+        EXPECT_EQ(a.clue(a.slotAt(w.Column, w.Row, w.Dir)), b.clue(b.slotAt(w.Column, w.Row, w.Dir)))
+            << w.Number << char(w.Dir);
+    const auto byline = [](const TPuzzle &p) { return p.Byline.text() == "--" ? QByteArray() : p.Byline.text(); };
+    EXPECT_EQ(byline(a), byline(b));
+}
+
+TPuzzle throughFormat(const TPuzzle &p, TFileKind kind)
+{
+    return ImportPuzzle(ExportPuzzle(p, kind, QStringLiteral("Title")), kind).Puzzle;
+}
+
+QByteArray section(const QByteArray &name, const QByteArray &data)
+{
+    QByteArray s = name;
+    for (uint16_t v : {uint16_t(data.size()), PuzChecksum(data)})
+        s += char(v & 0xFF), s += char(v >> 8);
+    return s + data + '\0';
+}
+
+// A 5 x 5 open grid of A's: the right shape for nothing, the right content for the rest.
+TForeignPuzzle smallForeign(int width, int height)
+{
+    TForeignPuzzle f;
+    f.Width = width;
+    f.Height = height;
+    f.Squares = QList<TForeignSquare>(width * height, TForeignSquare{false, QStringLiteral("A"), {}, false});
+    return f;
+}
+
+QString refusal(const QByteArray &bytes, TFileKind kind, const TImportOptions &options = {})
+{
+    try {
+        ImportPuzzle(bytes, kind, options);
+    } catch (const TInterchangeError &e) {
+        return e.message();
+    }
+    return QStringLiteral("(accepted)");
+}
+
+}  // namespace
+
+TEST(Interchange, EveryExampleKeepsItsContentThroughPuzAndIpuz)
+{
+    const QStringList examples = QDir(QStringLiteral(QUILLMARK_EXAMPLES)).entryList({"*.xwd"});
+    ASSERT_GE(examples.size(), 2);
+    for (const QString &name : examples) {
+        SCOPED_TRACE(name.toStdString());
+        const TPuzzle p = LoadPuzzleFile(QStringLiteral(QUILLMARK_EXAMPLES "/") + name).Puzzle;
+        expectSameContent(p, throughFormat(p, TFileKind::Ipuz));
+        if (p.IsGridFull())
+            expectSameContent(p, throughFormat(p, TFileKind::Puz));
+        else
+            EXPECT_THROW(ExportPuzzle(p, TFileKind::Puz, {}), TInterchangeError);
+    }
+}
+
+TEST(Interchange, GeneratedPuzzlesOfEverySizeKeepTheirContent)
+{
+    for (int size = 11; size <= MaxGrid; size += 2)
+        for (quint32 seed : {1u, 2u}) {
+            SCOPED_TRACE(QStringLiteral("a %1 x %1 puzzle, seed %2").arg(size).arg(seed).toStdString());
+            const TPuzzle full = generated(size, 100 * size + seed, true);
+            const QByteArray puz = ExportPuzzle(full, TFileKind::Puz, QStringLiteral("T"));
+            // Latin-1 text is version 1.3; anything beyond it needs version 2.0's UTF-8.
+            EXPECT_EQ(puz.mid(0x18, 3), seed % 2 ? "2.0" : "1.3");
+            expectSameContent(full, throughFormat(full, TFileKind::Puz));
+            expectSameContent(full, throughFormat(full, TFileKind::Ipuz));
+            const TPuzzle unfinished = generated(size, 100 * size + seed, false);
+            expectSameContent(unfinished, throughFormat(unfinished, TFileKind::Ipuz));
+        }
+}
+
+TEST(Interchange, PuzChecksumsAreRightOnWriteAndADamagedFileOpensWithAWarning)
+{
+    const QByteArray puz = ExportPuzzle(generated(15, 7, true), TFileKind::Puz, QStringLiteral("Title"));
+    EXPECT_TRUE(ImportPuzzle(puz, TFileKind::Puz).Warnings.isEmpty());
+
+    for (const int at : {0x34, int(puz.size()) - 10}) {  // a letter of the solution; a clue
+        QByteArray damaged = puz;
+        damaged[at] = damaged[at] == 'Q' ? 'R' : 'Q';
+        const TImportedPuzzle imported = ImportPuzzle(damaged, TFileKind::Puz);
+        ASSERT_FALSE(imported.Warnings.isEmpty()) << at;
+        EXPECT_TRUE(imported.Warnings.front().contains(u"checksums")) << at;
+    }
+    // A damaged extra section is noticed too.
+    QByteArray gext = section("GEXT", QByteArray(15 * 15, '\0'));
+    gext[6] = char(gext[6] ^ 1);
+    EXPECT_TRUE(ImportPuzzle(puz + gext, TFileKind::Puz).Warnings.front().contains(u"checksums"));
+
+    // The timer and the marks of checked squares read without error; what is lost is told.
+    const QByteArray extras = section("GEXT", QByteArray(15 * 15, '\x10')) + section("LTIM", "125,1");
+    EXPECT_EQ(ImportPuzzle(puz + extras, TFileKind::Puz).Warnings,
+              QStringList{QStringLiteral("The solving time so far (2:05) is not kept.")});
+}
+
+TEST(Interchange, BadInputIsRefusedWithItsReason)
+{
+    const QByteArray puz = ExportPuzzle(generated(15, 9, true), TFileKind::Puz, QStringLiteral("Title"));
+    QByteArray wrongMagic = puz;
+    wrongMagic[3] = 'X';
+    QByteArray scrambled = puz;
+    scrambled[0x32] = 4;
+    const TPuzzle source = generated(15, 9, true);
+    int white = 0;  // the first white square, row by row
+    while (source.isBlock(white % 15 + 1, white / 15 + 1))
+        ++white;
+    QByteArray rebusGrid(15 * 15, '\0');
+    rebusGrid[white] = 1;
+    QByteArray circles(15 * 15, '\0');
+    circles[white] = char(0x80);
+
+    TForeignPuzzle ipuzRebus = smallForeign(15, 15);
+    ipuzRebus.Squares[0].Solution = QStringLiteral("AB");
+    TForeignPuzzle strayClue = smallForeign(15, 15);
+    strayClue.Across.insert(2, QStringLiteral("No word starts at 2 Across"));
+    TForeignPuzzle arrow = smallForeign(15, 15);
+    arrow.Across.insert(1, QStringLiteral("Go → there"));
+    QJsonObject sudoku = QJsonDocument::fromJson(WriteIpuz(smallForeign(15, 15))).object();
+    sudoku.insert(u"kind", QJsonArray{QStringLiteral("http://ipuz.org/sudoku#1")});
+
+    const struct {
+        const char *what;
+        QByteArray bytes;
+        TFileKind kind;
+        const char *reason;
+    } cases[] = {
+        {"a .puz cut inside its header", puz.left(40), TFileKind::Puz, "cut short"},
+        {"a .puz cut inside its grids", puz.left(300), TFileKind::Puz, "cut short"},
+        {"a .puz cut inside its clues", puz.left(puz.size() - 2), TFileKind::Puz, "cut short"},
+        {"a .puz with the wrong magic", wrongMagic, TFileKind::Puz, "ACROSS&DOWN"},
+        {"an empty .puz", QByteArray(), TFileKind::Puz, "too short"},
+        {"a scrambled .puz", scrambled, TFileKind::Puz, "scrambled"},
+        {"a .puz with a rebus square", puz + section("GRBS", rebusGrid) + section("RTBL", " 0:STAR;"),
+         TFileKind::Puz, "several letters (STAR)"},
+        {"a .puz with a circled square", puz + section("GEXT", circles), TFileKind::Puz, "circled"},
+        {"a 5 x 5 .puz", WritePuz(smallForeign(5, 5)), TFileKind::Puz, "5 x 5"},
+        {"a 15 x 16 .puz", WritePuz(smallForeign(15, 16)), TFileKind::Puz, "15 x 16"},
+        {"JSON that is not an object", "[1, 2]", TFileKind::Ipuz, "not an ipuz"},
+        {"text that is not JSON", "crossword", TFileKind::Ipuz, "not an ipuz"},
+        {"JSON with no ipuz version", R"({"kind": ["http://ipuz.org/crossword#1"]})", TFileKind::Ipuz, "version"},
+        {"an ipuz sudoku", QJsonDocument(sudoku).toJson(), TFileKind::Ipuz, "another kind"},
+        {"a 5 x 5 .ipuz", WriteIpuz(smallForeign(5, 5)), TFileKind::Ipuz, "5 x 5"},
+        {"a 15 x 16 .ipuz", WriteIpuz(smallForeign(15, 16)), TFileKind::Ipuz, "15 x 16"},
+        {"an .ipuz with a rebus square", WriteIpuz(ipuzRebus), TFileKind::Ipuz, "several letters (AB)"},
+        {"an .ipuz clue for a word the grid lacks", WriteIpuz(strayClue), TFileKind::Ipuz, "2 Across"},
+        {"an .ipuz clue with a character Windows-1252 lacks", WriteIpuz(arrow), TFileKind::Ipuz, "(→)"},
+    };
+    for (const auto &c : cases)
+        EXPECT_TRUE(refusal(c.bytes, c.kind).contains(QString::fromUtf8(c.reason)))
+            << c.what << " is refused saying \"" << c.reason << "\", not: " << refusal(c.bytes, c.kind).toStdString();
+}
+
+TEST(Interchange, IpuzShapesAndStylesHaveASafeReading)
+{
+    // A square left out of the shape parts the words as a black square does.
+    QJsonObject o = QJsonDocument::fromJson(WriteIpuz(smallForeign(11, 11))).object();
+    QJsonArray puzzle = o.value(u"puzzle").toArray();
+    QJsonArray last = puzzle.at(10).toArray();
+    last[10] = QJsonValue::Null;
+    puzzle[10] = last;
+    QJsonArray row = puzzle.at(0).toArray();
+    row[0] = QJsonObject{{"cell", 1}, {"style", QJsonObject{{"color", "FF0000"}}}};
+    puzzle[0] = row;
+    o.insert(u"puzzle", puzzle);
+    const TImportedPuzzle imported = ImportPuzzle(QJsonDocument(o).toJson(), TFileKind::Ipuz);
+    EXPECT_TRUE(imported.Puzzle.isBlock(11, 11));
+    EXPECT_EQ(imported.Warnings.size(), 2);
+    EXPECT_EQ(imported.Puzzle.Byline.text(), "--");  // no author prints no byline
+    // Numbers that are not the usual ones would tie clues to the wrong words.
+    row[2] = 7;
+    puzzle[0] = row;
+    o.insert(u"puzzle", puzzle);
+    EXPECT_TRUE(refusal(QJsonDocument(o).toJson(), TFileKind::Ipuz).contains(u"numbered 7"));
+}
+
+namespace {
+
+struct TRun {
+    int Code;
+    QString Err;
+};
+
+TRun cli(const QStringList &args)
+{
+    QProcess p;
+    p.start(QStringLiteral(QUILLMARK_CLI), args);
+    EXPECT_TRUE(p.waitForFinished(30000));
+    return {p.exitCode(), QString::fromUtf8(p.readAllStandardError())};
+}
+
+}  // namespace
+
+TEST(Interchange, TheCommandLineConvertsByExtensionAndWritesNothingOnFailure)
+{
+    const TScratchDir dir;
+    const QString finished = QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd");
+    const QString unfinished = QStringLiteral(QUILLMARK_EXAMPLES "/harbour-lights.xwd");
+    EXPECT_EQ(cli({"convert", finished, dir.path("s.puz")}).Code, 0);
+    EXPECT_EQ(cli({"convert", dir.path("s.puz"), dir.path("s.ipuz")}).Code, 0);
+    EXPECT_EQ(cli({"convert", dir.path("s.ipuz"), dir.path("s.xwd")}).Code, 0);
+    expectSameContent(LoadPuzzleFile(finished).Puzzle, LoadPuzzleFile(dir.path("s.xwd")).Puzzle);
+    EXPECT_EQ(QJsonDocument::fromJson(ReadFileBytes(dir.path("s.ipuz"))).object().value(u"title").toString(), u"s");
+    EXPECT_EQ(cli({"info", dir.path("s.puz")}).Code, 0);
+
+    const TRun refused = cli({"convert", unfinished, dir.path("h.puz")});
+    EXPECT_EQ(refused.Code, 3);
+    EXPECT_TRUE(refused.Err.contains(u"not finished"));
+    EXPECT_FALSE(QFile::exists(dir.path("h.puz")));
+
+    ASSERT_TRUE(WriteFileBytes(dir.path("bad.puz"), ReadFileBytes(dir.path("s.puz")).left(200)));
+    EXPECT_EQ(cli({"convert", dir.path("bad.puz"), dir.path("bad.xwd")}).Code, 2);
+    EXPECT_FALSE(QFile::exists(dir.path("bad.xwd")));
+    EXPECT_EQ(cli({"convert", "--version5", finished, dir.path("v5.puz")}).Code, 1);
+}

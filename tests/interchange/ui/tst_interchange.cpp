@@ -1,0 +1,180 @@
+// Opening .puz and .ipuz files as unsaved puzzles, and the Export commands, driven as a user
+// would with scripted dialogs.
+
+#include "interchange/interchange.h"
+#include "interchange/ipuzformat.h"
+#include "mainwindow/puzzlestate.h"
+#include "mainwindow/ui/tprogram.h"
+#include "mainwindow/ui/txwdmainform.h"
+#include "model/puzzlefile.h"
+#include "scripteddialogs.h"
+#include "uitestmain.h"
+#include "views/ui/txwdgridform.h"
+
+#include <QAction>
+#include <QFile>
+
+namespace {
+
+const QString Finished = QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd");
+const QString Unfinished = QStringLiteral(QUILLMARK_EXAMPLES "/harbour-lights.xwd");
+
+bool sameGridAndClues(const TPuzzle &a, const TPuzzle &b)
+{
+    if (a.Size != b.Size)
+        return false;
+    for (int c = 1; c <= a.Size; ++c)
+        for (int r = 1; r <= a.Size; ++r)
+            if (a.Cells(c, r) != b.Cells(c, r) || a.Entries(c, r) != b.Entries(c, r))
+                return false;
+    for (const TWordRef &w : WordsInSlotOrder(a))
+        if (a.clue(a.slotAt(w.Column, w.Row, w.Dir)) != b.clue(b.slotAt(w.Column, w.Row, w.Dir)))
+            return false;
+    return true;
+}
+
+}  // namespace
+
+class TestInterchange : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TProgram> program;
+    std::unique_ptr<TDialogScript> dialogs;
+    std::unique_ptr<TScratchDir> dir;
+
+    TXwdMainForm *main() { return program->MainForm; }
+    QAction *action(const char *name) { return main()->findChild<QAction *>(name); }
+
+    QString exported(const QString &xwd, TFileKind kind, const QString &name)
+    {
+        const QString path = dir->path(name);
+        WriteFileAtomically(path, ExportPuzzle(LoadPuzzleFile(xwd).Puzzle, kind, QStringLiteral("Title")));
+        return path;
+    }
+
+    void open(const QString &path, bool solving)
+    {
+        (*dialogs)->Files.append(TFileChoice{path, 1});
+        (solving ? main()->OpenSolveAct : main()->ConstructOpenAct)->trigger();
+    }
+
+private slots:
+    void init()
+    {
+        ResetSettings();
+        Puzzle = TPuzzle{};
+        PuzzleChanged = false;
+        PuzzleMode = ConstructMode;
+        CurrentPuzzlePath.clear();
+        dir = std::make_unique<TScratchDir>();
+        dialogs = std::make_unique<TDialogScript>();
+        program = std::make_unique<TProgram>();
+        program->Start({});
+    }
+
+    void cleanup()
+    {
+        program.reset();
+        dialogs.reset();
+        dir.reset();
+    }
+
+    void anOpenedPuzFileIsUnsavedUntilSaveNamesAnXwd()
+    {
+        open(exported(Finished, TFileKind::Puz, "stroll.puz"), false);
+        QVERIFY((*dialogs)->FileRequests.first().Filter.contains(u"*.puz"));
+        QVERIFY((*dialogs)->FileRequests.first().Filter.contains(u"*.ipuz"));
+        QVERIFY((*dialogs)->Errors.isEmpty());
+        QVERIFY(sameGridAndClues(Puzzle, LoadPuzzleFile(Finished).Puzzle));
+        QVERIFY(CurrentPuzzlePath.isEmpty());
+        QVERIFY(PuzzleChanged);
+        QCOMPARE(program->GridForm->windowTitle(), QStringLiteral("STROLL (not saved)"));
+        QVERIFY(!main()->RevertToSavedAct->isEnabled());
+
+        (*dialogs)->Files.append(TFileChoice{dir->path("stroll"), 1});
+        main()->SaveAct->trigger();
+        QCOMPARE((*dialogs)->FileRequests.last().DefaultExtension, QStringLiteral("xwd"));
+        QCOMPARE(CurrentPuzzlePath, dir->path("stroll.xwd"));
+        QVERIFY(!PuzzleChanged);
+        QVERIFY(sameGridAndClues(DecodePuzzle(ReadFileBytes(CurrentPuzzlePath)), Puzzle));
+        QVERIFY(main()->RevertToSavedAct->isEnabled());
+    }
+
+    void anUnsavedImportIsNeverLeftUnasked()
+    {
+        // Even when solving, where a puzzle with a file is saved without a question.
+        open(exported(Finished, TFileKind::Ipuz, "stroll.ipuz"), true);
+        QCOMPARE(int(PuzzleMode), int(SolveMode));
+        (*dialogs)->Answers.append(TAnswer::Cancel);
+        QVERIFY(!main()->close());
+        QCOMPARE((*dialogs)->Questions, QStringList{"Puzzle has changed. Save current changes? [YNC]"});
+
+        // Yes asks for a name; cancelling that keeps the program open.
+        (*dialogs)->Answers.append(TAnswer::Yes);
+        QVERIFY(!main()->close());
+        QCOMPARE((*dialogs)->FileRequests.last().DefaultExtension, QStringLiteral("xwd"));
+
+        (*dialogs)->Answers.append(TAnswer::No);
+        QVERIFY(main()->close());
+    }
+
+    void aRefusedFileIsReportedAndTheOpenPuzzleStays()
+    {
+        open(Finished, false);
+        TForeignPuzzle small;
+        small.Width = small.Height = 5;
+        small.Squares = QList<TForeignSquare>(25, TForeignSquare{false, QStringLiteral("A"), {}, false});
+        const QString path = dir->path("small.ipuz");
+        WriteFileAtomically(path, WriteIpuz(small));
+        open(path, false);
+        QCOMPARE((*dialogs)->Errors.size(), 1);
+        QVERIFY((*dialogs)->Errors.first().contains(u"5 x 5"));
+        QCOMPARE(CurrentPuzzlePath, Finished);
+        QVERIFY(sameGridAndClues(Puzzle, LoadPuzzleFile(Finished).Puzzle));
+    }
+
+    void longCluesAreCutOnlyWhenTheUserAgrees()
+    {
+        TPuzzle p = LoadPuzzleFile(Finished).Puzzle;
+        TForeignPuzzle f = FromQuillmark(p, QStringLiteral("Long"));
+        f.Across[1] = QString(85, u'x');
+        const QString path = dir->path("long.ipuz");
+        WriteFileAtomically(path, WriteIpuz(f));
+
+        (*dialogs)->Answers.append(TAnswer::No);
+        open(path, false);
+        QVERIFY((*dialogs)->Questions.first().contains(u"1 Across is longer than 80"));
+        QVERIFY(Puzzle.Size == 0);
+
+        (*dialogs)->Answers.append(TAnswer::Yes);
+        open(path, false);
+        QCOMPARE(Puzzle.clue(1), QByteArray(80, 'x'));
+        QCOMPARE((*dialogs)->Informations.size(), 1);
+        QVERIFY((*dialogs)->Informations.first().contains(u"cut to 80"));
+    }
+
+    void exportWritesBothFormatsAndRefusesAnUnfinishedPuz()
+    {
+        QVERIFY(!action("ExportPuzAct")->isEnabled());
+        open(Unfinished, false);
+        QVERIFY(action("ExportPuzAct")->isEnabled());
+
+        (*dialogs)->Files.append(TFileChoice{dir->path("harbour"), 1});
+        action("ExportPuzAct")->trigger();
+        QCOMPARE((*dialogs)->FileRequests.last().FileName, QStringLiteral("harbour-lights.puz"));
+        QCOMPARE((*dialogs)->Errors.size(), 1);
+        QVERIFY((*dialogs)->Errors.first().contains(u"not finished"));
+        QVERIFY(!QFile::exists(dir->path("harbour.puz")));
+
+        (*dialogs)->Files.append(TFileChoice{dir->path("harbour"), 1});
+        action("ExportIpuzAct")->trigger();
+        const TImportedPuzzle back = ImportPuzzleFile(dir->path("harbour.ipuz"));
+        QVERIFY(sameGridAndClues(back.Puzzle, Puzzle));
+        QCOMPARE(back.Title, QStringLiteral("harbour-lights"));
+        QCOMPARE(CurrentPuzzlePath, Unfinished);  // an export leaves the open puzzle as it was
+    }
+};
+
+QUILLMARK_UI_TEST_MAIN(TestInterchange)
+#include "tst_interchange.moc"

@@ -213,12 +213,9 @@ void TXwdMainForm::createMenus()
         menu->setObjectName(QString::fromLatin1(name));
         return menu;
     };
-    auto addMenu = [&named](QMenu *parent, QMenuBar *bar, const char *name, const QString &caption) {
-        if (parent)
-            return named(parent->addMenu(caption), name);
-        return named(bar->addMenu(caption), name);
-    };
-    QMenu *puzzle = addMenu(nullptr, menuBar(), "PuzzleMenu", QStringLiteral("&Puzzle"));
+    QMenuBar *bar = menuBar();
+    auto topMenu = [&](const char *name, const QString &caption) { return named(bar->addMenu(caption), name); };
+    QMenu *puzzle = topMenu("PuzzleMenu", QStringLiteral("&Puzzle"));
     puzzle->addAction(OpenSolveAct);
     QMenu *construct = puzzle->addMenu(QStringLiteral("&Construct"));
     construct->addAction(ConstructOpenAct);
@@ -229,15 +226,15 @@ void TXwdMainForm::createMenus()
     puzzle->addAction(SavePuzzleAsAct);
     puzzle->addAction(CopyGridAsAct);
     puzzle->addSeparator();
-    addMenu(puzzle, nullptr, "ExportMenu", QStringLiteral("&Export"));
-    addMenu(puzzle, nullptr, "ClipboardMenu", QStringLiteral("Copy to C&lipboard"));
+    named(puzzle->addMenu(QStringLiteral("&Export")), "ExportMenu");
+    named(puzzle->addMenu(QStringLiteral("Copy to C&lipboard")), "ClipboardMenu");
     historySeparator_ = puzzle->addSeparator();
     historySeparator_->setVisible(false);
     puzzle->addActions({History1Act, History2Act, History3Act});
     puzzle->addSeparator();
     puzzle->addAction(ExitAct);
 
-    QMenu *options = addMenu(nullptr, menuBar(), "OptionsMenu", QStringLiteral("&Options"));
+    QMenu *options = topMenu("OptionsMenu", QStringLiteral("&Options"));
     options->addAction(ScorePuzzleAct);
     options->addAction(ClockAct);
     options->addSeparator();
@@ -246,10 +243,10 @@ void TXwdMainForm::createMenus()
     options->addAction(AutoArrangeAct);
     options->addSeparator();
 
-    addMenu(nullptr, menuBar(), "GridMenu", QStringLiteral("&Grid"));
-    addMenu(nullptr, menuBar(), "TransformMenu", QStringLiteral("&Transform"));
-    addMenu(nullptr, menuBar(), "ToolsMenu", QStringLiteral("T&ools"));
-    addMenu(nullptr, menuBar(), "HelpMenu", QStringLiteral("&Help"));
+    topMenu("GridMenu", QStringLiteral("&Grid"));
+    topMenu("TransformMenu", QStringLiteral("&Transform"));
+    topMenu("ToolsMenu", QStringLiteral("T&ools"));
+    topMenu("HelpMenu", QStringLiteral("&Help"));
 }
 
 QMenu *TXwdMainForm::Menu(const QString &objectName) const
@@ -623,6 +620,10 @@ bool TXwdMainForm::SaveOrGoOn()
 {
     if (WritePuzzleOrReport(CurrentPuzzlePath))
         return true;
+    // An imported puzzle has no file yet: cancelling its name stays, and No to the
+    // change question is the way to leave without it.
+    if (CurrentPuzzlePath.isEmpty())
+        return false;
     // The user has been told why; the changes are dropped only when they say so, and a
     // folder that has become read-only does not trap them in the program.
     PlayQuestionSound();

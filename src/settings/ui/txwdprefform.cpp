@@ -1,5 +1,6 @@
 #include "settings/ui/txwdprefform.h"
 
+#include "clues/gridlanguage.h"
 #include "mainwindow/screenlayout.h"
 #include "mainwindow/ui/dialogs.h"
 #include "mainwindow/ui/txwdmainform.h"
@@ -793,10 +794,7 @@ bool TXwdPrefForm::eventFilter(QObject *watched, QEvent *event)
 void TXwdPrefForm::LangGroupClick(int index)
 {
     // The last chosen language travels in the clue slot no word uses; nothing reads it back.
-    QByteArray slot = Puzzle.clue(ClueSlots);
-    slot.chop(1);
-    slot.append(char('0' + index));
-    Puzzle.setClue(ClueSlots, slot.left(MaxClueLength));
+    MarkLanguageChoice(Puzzle, index);
 }
 
 void TXwdPrefForm::DefaultsBtnClick()

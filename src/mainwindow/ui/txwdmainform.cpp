@@ -243,8 +243,10 @@ void TXwdMainForm::createMenus()
     options->addAction(AutoArrangeAct);
     options->addSeparator();
 
-    topMenu("GridMenu", QStringLiteral("&Grid"));
-    topMenu("TransformMenu", QStringLiteral("&Transform"));
+    // The window is only as wide as its logo: the transforms sit under Grid so that every
+    // menu title fits on the one menu line.
+    QMenu *grid = topMenu("GridMenu", QStringLiteral("&Grid"));
+    named(grid->addMenu(QStringLiteral("&Transform")), "TransformMenu");
     topMenu("ToolsMenu", QStringLiteral("T&ools"));
     topMenu("HelpMenu", QStringLiteral("&Help"));
 }
@@ -256,12 +258,14 @@ QMenu *TXwdMainForm::Menu(const QString &objectName) const
 
 void TXwdMainForm::hideEmptyMenus()
 {
-    for (QMenu *menu : findChildren<QMenu *>()) {
-        const QList<QAction *> actions = menu->actions();
-        const bool any = std::any_of(actions.begin(), actions.end(),
-                                     [](QAction *a) { return a->isVisible() && !a->isSeparator(); });
-        menu->menuAction()->setVisible(any);
-    }
+    // Twice, so that a menu holding only an emptied submenu hides as well.
+    for (int pass = 0; pass < 2; ++pass)
+        for (QMenu *menu : findChildren<QMenu *>()) {
+            const QList<QAction *> actions = menu->actions();
+            const bool any = std::any_of(actions.begin(), actions.end(),
+                                         [](QAction *a) { return a->isVisible() && !a->isSeparator(); });
+            menu->menuAction()->setVisible(any);
+        }
 }
 
 void TXwdMainForm::createToolPanel()

@@ -76,8 +76,8 @@ public:
     QSize MinimumFittedSize() const;
 
     // The menus every subsystem adds its commands to, by object name: "PuzzleMenu",
-    // "ExportMenu" and "ClipboardMenu" (under Puzzle), "OptionsMenu", "TransformMenu",
-    // "GridMenu", "ToolsMenu", "HelpMenu". A menu with no visible command hides itself.
+    // "ExportMenu" and "ClipboardMenu" (under Puzzle), "OptionsMenu", "GridMenu",
+    // "TransformMenu" (under Grid), "ToolsMenu", "HelpMenu". A menu with no visible command hides itself.
     QMenu *Menu(const QString &objectName) const;
     bool IsPuzzleOpen() const { return puzzleOpen_; }
 

@@ -24,22 +24,9 @@ QByteArray DefLine(int number, const QByteArray &clue, const QByteArray &answer)
 TDefLists FillDefLists(const TPuzzle &p)
 {
     TDefLists lists;
-    auto clueOf = [&p](int slot) { return slot >= 1 && slot <= ClueSlots ? p.clue(slot) : QByteArray(); };
-    int n = 0;
-    for (int r = 1; r <= p.Size; ++r) {
-        for (int c = 1; c <= p.Size; ++c) {
-            const bool across = p.IsAcrossStart(c, r);
-            if (across) {
-                ++n;
-                lists.Across.append(DefLine(n, clueOf(p.CellWords(c, r).AcrossSlot), p.GetWord(c, r, 'a')));
-            }
-            if (p.IsDownStart(c, r)) {
-                if (!across)
-                    ++n;
-                lists.Down.append(DefLine(n, clueOf(p.CellWords(c, r).DownSlot), p.GetWord(c, r, 'd')));
-            }
-        }
-    }
+    for (const TWordRef &w : WordsInSlotOrder(p))
+        (w.Dir == Direction::Across ? lists.Across : lists.Down)
+            .append(DefLine(w.Number, p.wordClue(w.Column, w.Row, w.Dir), p.GetWord(w.Column, w.Row, char(w.Dir))));
     return lists;
 }
 

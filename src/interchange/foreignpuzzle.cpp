@@ -210,8 +210,7 @@ TForeignPuzzle FromQuillmark(const TPuzzle &p, const QString &title)
             f.Squares.append(square);
         }
     for (const TWordRef &w : WordsInSlotOrder(p)) {
-        const int slot = p.slotAt(w.Column, w.Row, w.Dir);
-        const QString text = slot >= 1 && slot <= ClueSlots ? FromCp1252(p.clue(slot)) : QString();
+        const QString text = FromCp1252(p.wordClue(w.Column, w.Row, w.Dir));
         (w.Dir == Direction::Across ? f.Across : f.Down).insert(w.Number, text);
     }
     const QByteArray byline = p.Byline.text();

@@ -92,6 +92,10 @@ struct TPuzzle {
 
     QByteArray clue(int slot) const { return Clues[slot - 1].text(); }
     void setClue(int slot, const QByteArray &text) { Clues[slot - 1].setText(text); }
+    // The clue in `slot`; a slot outside the record, or 0 (not attached yet), reads as empty.
+    QByteArray slotClue(int slot) const { return slot >= 1 && slot <= ClueSlots ? clue(slot) : QByteArray(); }
+    // The clue of the word that starts at (c, r) in direction d.
+    QByteArray wordClue(int c, int r, Direction d) const { return slotClue(slotAt(c, r, d)); }
     uint16_t slotAt(int c, int r, Direction d) const
     {
         const TCellWords w = CellWords(c, r);

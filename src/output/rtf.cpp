@@ -13,14 +13,9 @@ QByteArray settingBytes(const char *name, const char *defaultValue)
     return ToCp1252(ReadSetting(QString::fromLatin1(name), QString::fromLatin1(defaultValue)).toString());
 }
 
-QByteArray slotClue(const TPuzzle &p, int slot)
-{
-    return slot >= 1 && slot <= ClueSlots ? p.clue(slot) : QByteArray();
-}
-
 QByteArray clueLine(const TPuzzle &p, int number, int c, int r, Direction d)
 {
-    return "\\par\\tab " + QByteArray::number(number) + "\\tab " + ConvertClueQuotes(slotClue(p, p.slotAt(c, r, d)))
+    return "\\par\\tab " + QByteArray::number(number) + "\\tab " + ConvertClueQuotes(p.wordClue(c, r, d))
            + "\\tab " + p.GetWord(c, r, char(d)) + "\r\n";
 }
 
@@ -86,19 +81,8 @@ QByteArray RtfManuscript(const TPuzzle &p, const TRtfAddress &a, const QString &
     out += "\\par}\r\n";
     out += "\\par{\\f5\\fs22\\sl440\\b ACROSS}{\\tqr\\tx350\\tx500\\tx6400\\f4\\fs22\\sl440\r\n";
     QByteArray downs;
-    int number = 0;
-    for (int r = 1; r <= p.Size; ++r)
-        for (int c = 1; c <= p.Size; ++c) {
-            const bool across = p.IsAcrossStart(c, r);
-            const bool down = p.IsDownStart(c, r);
-            if (!across && !down)
-                continue;
-            ++number;
-            if (across)
-                out += clueLine(p, number, c, r, Direction::Across);
-            if (down)
-                downs += clueLine(p, number, c, r, Direction::Down);
-        }
+    for (const TWordRef &w : WordsInSlotOrder(p))
+        (w.Dir == Direction::Across ? out : downs) += clueLine(p, w.Number, w.Column, w.Row, w.Dir);
     out += "\\par}\r\n";
     out += "\\par{\\f5\\fs22\\sl440\\b DOWN}{\\tqr\\tx350\\tx500\\tx6400\\f4\\fs22\\sl440\r\n";
     out += downs;

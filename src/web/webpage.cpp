@@ -58,8 +58,7 @@ QJsonArray clueList(const TPuzzle &p)
 {
     QJsonArray clues;
     for (const TWordRef &w : WordsInSlotOrder(p)) {
-        const int slot = p.slotAt(w.Column, w.Row, w.Dir);
-        const QString text = slot >= 1 && slot <= ClueSlots ? FromCp1252(p.clue(slot)) : QString();
+        const QString text = FromCp1252(p.wordClue(w.Column, w.Row, w.Dir));
         clues.append(QJsonObject{
             {"direction", w.Dir == Direction::Across ? "across" : "down"},
             {"column", w.Column},

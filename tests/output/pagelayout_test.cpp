@@ -155,23 +155,26 @@ TEST_F(PageLayout, PuzzlePageColumnsFollowTheGridSize)
         const int w = (PageWidth - 2 * m) / c.columns;
         QMap<int, int> columnTop;
         for (const TPageObject &o : pages[0].Objects) {
-            if (o.Kind != TPageObject::TextItem || o.Y < frame.Y || o.X > frame.X - 3 && o.Y < frame.Y2)
+            if (o.Kind != TPageObject::TextItem || o.Y < frame.Y || (o.X > frame.X - 3 && o.Y < frame.Y2))
                 continue;
             const int column = (o.X - m) / w;
             columnTop[column] = columnTop.contains(column) ? std::min(columnTop[column], o.Y) : o.Y;
         }
         EXPECT_EQ(columnTop.size(), c.columns);
         EXPECT_LT(columnTop.value(0), frame.Y2);
-        if (c.secondBesideGrid)
+        if (c.secondBesideGrid) {
             EXPECT_LT(columnTop.value(1), frame.Y2) << "the second column stands beside the grid";
-        else
+        } else {
             EXPECT_GT(columnTop.value(1), frame.Y2) << "the second column starts below the grid";
+        }
         for (int col = 2; col < c.columns; ++col)
             EXPECT_GT(columnTop.value(col), frame.Y2) << "column " << col + 1;
         // No clue text runs into the grid beside it.
-        for (const TPageObject &o : pages[0].Objects)
-            if (o.Kind == TPageObject::TextItem && o.X < frame.X && o.Y > frame.Y && o.Y < frame.Y2)
+        for (const TPageObject &o : pages[0].Objects) {
+            if (o.Kind == TPageObject::TextItem && o.X < frame.X && o.Y > frame.Y && o.Y < frame.Y2) {
                 EXPECT_LE(o.X + textWidth(o, o.Text), frame.X) << o.Text.toStdString();
+            }
+        }
     }
 }
 

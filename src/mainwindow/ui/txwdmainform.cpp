@@ -1,6 +1,7 @@
 #include "mainwindow/ui/txwdmainform.h"
 
 #include "clues/ui/tautoclueform.h"
+#include "clues/byline.h"
 #include "clues/ui/tbylineform.h"
 #include "inspect/ui/inspectcommands.h"
 #include "interchange/ui/interchangecommands.h"
@@ -739,13 +740,7 @@ void TXwdMainForm::PuzzleOpened()
     if (PuzzleMode == SolveMode) {
         SymmetryBtn->setIcon(Glyph(QStringLiteral("OFFSYMMETRY")));
         ModeLabel->clear();
-        const QByteArray byline = Puzzle.Byline.text();
-        if (byline.isEmpty())
-            Byline->setText(QStringLiteral("a Quillmark puzzle"));
-        else if (byline == "--")
-            Byline->clear();
-        else
-            Byline->setText((QStringLiteral("by ") + FromCp1252(byline)).left(63));
+        Byline->setText(BylineCaption(Puzzle));
     } else {
         Byline->clear();
         LettersBtn->setChecked(true);

@@ -90,7 +90,7 @@ void TBylineForm::NobyChkClick()
         return;
     }
     BylineEdit->setReadOnly(false);
-    showText(ReadText(QStringLiteral("Name")).left(MaxBylineLength));
+    showText(ReadText(Setting::Name).left(MaxBylineLength));
     BylineEdit->setFocus();
 }
 

@@ -88,17 +88,7 @@ QToolButton *makeButton(QWidget *parent, const char *name, const QString &glyph)
 
 std::optional<QRect> boundsFromSetting(const QString &name)
 {
-    const QStringList parts = ReadText(name).split(u',');
-    if (parts.size() < 4)
-        return std::nullopt;
-    int values[4];
-    for (int i = 0; i < 4; ++i) {
-        bool ok = false;
-        values[i] = parts[i].trimmed().toInt(&ok);
-        if (!ok)
-            return std::nullopt;
-    }
-    return QRect(values[0], values[1], values[2], values[3]);
+    return ReadBounds(name);
 }
 
 void writeBoundsOf(const QString &name, const QWidget *window)
@@ -404,13 +394,12 @@ void TXwdMainForm::updateActions()
 
 void TXwdMainForm::ReadOwnSettings()
 {
-    const TFontSetting status =
-        ReadFontSetting(QStringLiteral("Status"), {QStringLiteral("Times New Roman"), 11, 1, QStringLiteral("clNavy")});
+    const TFontSetting status = ReadFontSetting(Setting::StatusFont);
     DataMemo->setFont(status.Font);
     QPalette palette = DataMemo->palette();
     palette.setColor(QPalette::Text, status.Color);
     DataMemo->setPalette(palette);
-    PlaySounds = ReadInt(QStringLiteral("PlaySounds"), 1);
+    PlaySounds = ReadInt(Setting::PlaySounds);
 }
 
 void TXwdMainForm::FormShow(const QStringList &arguments)

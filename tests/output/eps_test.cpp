@@ -46,20 +46,6 @@ QImage renderEps(const TScratchDir &dir, const QByteArray &eps)
 
 }  // namespace
 
-TEST(EpsExport, LightFifteenHasNoFrameAndTheFramesBoundingBox)
-{
-    const TPuzzle p = PuzzleFrom(QStringLiteral("size 15\ngrid\n") + QStringLiteral("...............\n").repeated(15));
-    const QList<QByteArray> l = lines(EpsGridText(p, GridKind::NumberedGrid, EpsStyle::Light, "/d/P.eps", "x"));
-    EXPECT_EQ(l[4], "%%Title: P.eps [light]");
-    EXPECT_EQ(l[5], "%%BoundingBox: 132 222 479 569");
-    EXPECT_EQ(l[13], "/nb {wb x y mv 2 -8 rm} def");
-    EXPECT_EQ(l[15], "/xx 110 def /x 110 def /y 591 def");
-    EXPECT_EQ(l[16], "133 568 mv");
-    EXPECT_EQ(l[17], ".5 setlinewidth");
-    EXPECT_EQ(l[18], "/Helvetica findfont 9 scalefont setfont");
-    EXPECT_FALSE(l.contains("2 setlinewidth"));
-}
-
 TEST(EpsExport, AnswerGridMarksIAndWAndWritesEveryOtherSquareAsALetterBox)
 {
     QString text = QStringLiteral("size 11\ngrid\nIWA#.......\n");

@@ -59,10 +59,13 @@ TEST(ExpectedFiles, EpsGridsInBothStyles)
 {
     compareSet(EpsExportSet(sample(), QStringLiteral("/out/stroll.eps"), EpsStyle::Regular, QStringLiteral("1/2/03")));
     compareSet(EpsExportSet(sample(), QStringLiteral("/out/light.eps"), EpsStyle::Light, QStringLiteral("1/2/03")));
-    // An eleven, its first square black and the rest open.
+    // Other sizes: an eleven, its first square black, and an open fifteen in the light style.
     const TPuzzle eleven = PuzzleFrom(QStringLiteral("size 11\ngrid\n#..........\n") + QString(11, '.').append('\n').repeated(10));
     compareWithExpected(QStringLiteral("eleven.eps"), EpsGridText(eleven, GridKind::NumberedGrid, EpsStyle::Regular,
                                                                  QStringLiteral("/any/PUZZLE.eps"), QStringLiteral("21/01/2003")));
+    const TPuzzle fifteen = PuzzleFrom(QStringLiteral("size 15\ngrid\n") + QString(15, '.').append('\n').repeated(15));
+    compareWithExpected(QStringLiteral("fifteen-light.eps"),
+                        EpsGridText(fifteen, GridKind::NumberedGrid, EpsStyle::Light, QStringLiteral("/d/P.eps"), QStringLiteral("x")));
 }
 
 // The address block has four lines, or five with Add4; only the first four carry the

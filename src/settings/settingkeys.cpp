@@ -13,7 +13,8 @@ QList<TSettingKey> SettingKeys()
     keys.append(QList<TSettingKey>(std::begin(Address), std::end(Address)));
     keys.append(QList<TSettingKey>(std::begin(PrintFormats), std::end(PrintFormats)));
     keys.append(QList<TSettingKey>(std::begin(HistoryPuzzle), std::end(HistoryPuzzle)));
-    for (const TFontKeys &font : {GridFont, SolveFont, DefsFont, AutoFont, StatusFont, ManuscriptFont, PuzzlePageFont}) {
+    for (const TFontKeys &font :
+         {GridFont, SolveFont, DefsFont, AutoFont, StatusFont, ManuscriptFont, PuzzlePageFont}) {
         keys += {font.nameKey(), font.sizeKey(), font.styleKey()};
         if (!font.Color.isEmpty())
             keys.append(font.colorKey());

@@ -57,29 +57,32 @@ TEST(ExpectedFiles, MetafilesAndTheirClueList)
 
 TEST(ExpectedFiles, EpsGridsInBothStyles)
 {
-    compareSet(EpsExportSet(sample(), QStringLiteral("/out/stroll.eps"), EpsStyle::Regular, QStringLiteral("1/2/03")));
-    compareSet(EpsExportSet(sample(), QStringLiteral("/out/light.eps"), EpsStyle::Light, QStringLiteral("1/2/03")));
+    compareSet(EpsExportSet(sample(), "/out/stroll.eps", EpsStyle::Regular, "1/2/03"));
+    compareSet(EpsExportSet(sample(), "/out/light.eps", EpsStyle::Light, "1/2/03"));
     // Other sizes: an eleven, its first square black, and an open fifteen in the light style.
-    const TPuzzle eleven = PuzzleFrom(QStringLiteral("size 11\ngrid\n#..........\n") + QString(11, '.').append('\n').repeated(10));
+    const TPuzzle eleven =
+        PuzzleFrom(QStringLiteral("size 11\ngrid\n#..........\n") + QString(11, '.').append('\n').repeated(10));
     compareWithExpected(QStringLiteral("eleven.eps"), EpsGridText(eleven, GridKind::NumberedGrid, EpsStyle::Regular,
-                                                                 QStringLiteral("/any/PUZZLE.eps"), QStringLiteral("21/01/2003")));
+                                                                 "/any/PUZZLE.eps", "21/01/2003"));
     const TPuzzle fifteen = PuzzleFrom(QStringLiteral("size 15\ngrid\n") + QString(15, '.').append('\n').repeated(15));
     compareWithExpected(QStringLiteral("fifteen-light.eps"),
-                        EpsGridText(fifteen, GridKind::NumberedGrid, EpsStyle::Light, QStringLiteral("/d/P.eps"), QStringLiteral("x")));
+                        EpsGridText(fifteen, GridKind::NumberedGrid, EpsStyle::Light, "/d/P.eps", "x"));
 }
 
 // The address block has four lines, or five with Add4; only the first four carry the
 // specification beside them.
 TEST(ExpectedFiles, RtfManuscripts)
 {
-    const QString spec = QStringLiteral("Size of Grid: 15\u00d7\r\n Black Squares: 38  Par: 37\r\n Word Count: 78  Par: 78");
+    const QString spec =
+        QStringLiteral("Size of Grid: 15\u00d7\r\n Black Squares: 38  Par: 37\r\n Word Count: 78  Par: 78");
     compareWithExpected(QStringLiteral("stroll.rtf"),
                         RtfManuscript(sample(), {"Zo\xEB Maker", "1 Main St", "Town", "Country", ""}, "STROLL", spec));
     // 1 Across AB, 1 Down AC, 2 Down BD, 3 Across CD, with quotes and RTF's own characters.
     const TPuzzle four = PuzzleFrom(QStringLiteral("size 11\ngrid\nAB#########\nCD#########\n")
                                     + QStringLiteral("###########\n").repeated(9)
                                     + QStringLiteral("clues\n1A He said \"yes\" and \"no\"\n1D It's {\\b x}\n3A Odd \"one\n"));
-    compareWithExpected(QStringLiteral("four.rtf"), RtfManuscript(four, {"N", "A1", "A2", "A3", "A4"}, "MYPUZ", spec));
+    compareWithExpected(QStringLiteral("four.rtf"),
+                        RtfManuscript(four, {"N", "A1", "A2", "A3", "A4"}, "MYPUZ", spec));
 }
 
 // The fifteen's clues hold markup, "</script>" and "<!--<script", which must stay text.

@@ -103,8 +103,10 @@ TEST_F(PdfOutput, ManuscriptTextHoldsEveryNumberAndAnswer)
             section = line;
         else if (section == u"grid" && !line.isEmpty())
             rows.append(line);
-        else if (section == u"clues" && !line.isEmpty())
-            numbers[line.section(u' ', 0, 0).endsWith(u'D')].append(line.section(u' ', 0, 0).chopped(1).toInt());
+        else if (section == u"clues" && !line.isEmpty()) {
+            const QString label = line.section(u' ', 0, 0);  // "12A"
+            numbers[label.endsWith(u'D')].append(label.chopped(1).toInt());
+        }
     }
     std::sort(numbers[0].begin(), numbers[0].end());
     std::sort(numbers[1].begin(), numbers[1].end());
@@ -113,20 +115,15 @@ TEST_F(PdfOutput, ManuscriptTextHoldsEveryNumberAndAnswer)
         for (const QString &word : row.split(u'#'))
             if (word.size() > 1)
                 answers[0].append(word);
-    QList<std::pair<QPoint, QString>> downs;  // (row, column) of the first letter
-    for (int c = 0; c < rows.size(); ++c)
-        for (int r = 0; r < rows.size(); ++r)
-            if (rows[r][c] != u'#' && (r == 0 || rows[r - 1][c] == u'#') && r + 1 < rows.size() && rows[r + 1][c] != u'#') {
-                QString word;
-                for (int k = r; k < rows.size() && rows[k][c] != u'#'; ++k)
-                    word += rows[k][c];
-                downs.append({QPoint(r, c), word});
-            }
-    std::sort(downs.begin(), downs.end(), [](const auto &a, const auto &b) {
-        return std::pair(a.first.x(), a.first.y()) < std::pair(b.first.x(), b.first.y());
-    });
-    for (const auto &down : downs)
-        answers[1].append(down.second);
+    // Down words in reading order of their first letters.
+    for (int r = 0; r < rows.size(); ++r)
+        for (int c = 0; c < rows.size(); ++c) {
+            QString word;
+            for (int k = r; k < rows.size() && rows[k][c] != u'#'; ++k)
+                word += rows[k][c];
+            if ((r == 0 || rows[r - 1][c] == u'#') && word.size() > 1)
+                answers[1].append(word);
+        }
 
     const QString path = dir.path(QStringLiteral("ms.pdf"));
     PrintToPdf(example(), job({TPageFormat::Manuscript}), path);
@@ -137,8 +134,9 @@ TEST_F(PdfOutput, ManuscriptTextHoldsEveryNumberAndAnswer)
     for (int d = 0; d < 2; ++d) {
         ASSERT_EQ(numbers[d].size(), answers[d].size());
         for (int i = 0; i < numbers[d].size(); ++i) {
-            const QRegularExpression line(QStringLiteral("(^|\\s)%1\\s.*\\s%2\\s*$").arg(numbers[d][i]).arg(answers[d][i]),
-                                          QRegularExpression::MultilineOption);
+            const QRegularExpression line(
+                QStringLiteral("(^|\\s)%1\\s.*\\s%2\\s*$").arg(numbers[d][i]).arg(answers[d][i]),
+                QRegularExpression::MultilineOption);
             EXPECT_TRUE(line.match(text).hasMatch()) << numbers[d][i] << (d ? "D " : "A ") << answers[d][i].toStdString();
         }
     }

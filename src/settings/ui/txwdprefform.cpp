@@ -52,13 +52,15 @@ struct TPathRow {
 };
 // In the order the page shows them.
 const TPathRow PathRows[] = {
-    {"DictEdit", "DictBtn", "Dictionary", &Setting::DictPath, "*.exe", "Link Dictionary", "Dictionary Files (*.EXE)|*.EXE"},
+    {"DictEdit", "DictBtn", "Dictionary", &Setting::DictPath, "*.exe", "Link Dictionary",
+     "Dictionary Files (*.EXE)|*.EXE"},
     {"ClueEdit", "ClueBtn", "Cluevault", &Setting::CluePath, "XwdCluevault.exe", "Link Cluevault",
      "Quillmark Cluevault (*.EXE)|*.EXE"},
     {"PadEdit", "PadBtn", "Scratchpad", &Setting::ScraPath, "*.exe", "Link Text Editor", "Editor Files (*.EXE)|*.EXE"},
     {"MailEdit", "MailBtn", "Postrunner", &Setting::MailPath, "Postrunner.exe", "Link Postrunner",
      "Quillmark Postrunner (*.EXE)|*.EXE"},
-    {"ThesEdit", "ThesBtn", "Thesaurus", &Setting::ThesPath, "*.exe", "Link Thesaurus", "Thesaurus Files (*.EXE)|*.EXE"},
+    {"ThesEdit", "ThesBtn", "Thesaurus", &Setting::ThesPath, "*.exe", "Link Thesaurus",
+     "Thesaurus Files (*.EXE)|*.EXE"},
 };
 
 

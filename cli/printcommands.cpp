@@ -5,7 +5,7 @@
 #include "model/puzzlefile.h"
 #include "output/pagelayout.h"
 #include "output/pdfoutput.h"
-#include "settings/txwdprocs.h"
+#include "output/printsettings.h"
 
 namespace {
 
@@ -25,8 +25,7 @@ int exportPdf(Arguments args, QTextStream &)
 
     TPrintJob job;
     if (formats.isNull()) {
-        for (int f = 0; f < PageFormatCount; ++f)
-            job.Formats[f] = ReadInt(FormatSettingKey(TPageFormat(f)), 0) != 0;
+        ReadPrintFormats(job);
     } else {
         for (const QString &name : formats.split(u',', Qt::SkipEmptyParts)) {
             int f = 0;
@@ -45,6 +44,7 @@ int exportPdf(Arguments args, QTextStream &)
     job.BlockColor = BlockColorFor(gray);
     job.SpecText = PuzzleSpecText(loaded.Puzzle).trimmed();
     job.PrintByline = !noByline;
+    ReadPrintSettings(job);
     try {
         PrintToPdf(loaded.Puzzle, job, paths[1]);
     } catch (const TPuzzleIOError &e) {

@@ -52,23 +52,23 @@ TDefListTarget FindDefLineWord(const TPuzzle &p, const QByteArray &line, Directi
     const TDefLineRef ref = ReadDefLine(line);
     const char dir = char(d);
     TDefListTarget target;
-    int number = 0;
-    int slot = 0;
+    const QList<TWordRef> words = WordsInSlotOrder(p);
+    qsizetype reached = 0;  // words starting at or before the square tested
+    int number = 0;         // the last number met, carried over the squares that start nothing
     // Every square is tested, not only word starts, and the walk goes on after a match.
     for (int r = 1; r <= p.Size; ++r) {
         for (int c = 1; c <= p.Size; ++c) {
-            const bool across = p.IsAcrossStart(c, r);
-            const bool down = p.IsDownStart(c, r);
-            if (across || down)
-                ++number;
-            if (across)
-                ++slot;
-            if (down && d == Direction::Down)
-                ++slot;
+            const qsizetype before = reached;
+            while (reached < words.size() && words[reached].Column == c && words[reached].Row == r)
+                ++reached;
+            if (reached > before)
+                number = words[before].Number;
+            // An across list's slot leaves out the down word of the square it tests.
+            int slot = int(reached);
+            if (d == Direction::Across && reached > before && words[reached - 1].Dir == Direction::Down)
+                --slot;
             if (p.GetWord(c, r, dir) == ref.Answer && number == ref.Number)
                 target = {true, c, r, number, slot, dir};
-            if (down && d == Direction::Across)
-                ++slot;
         }
     }
     return target;

@@ -51,22 +51,22 @@ TAnalysis AnalysePuzzle(const TPuzzle &p)
                 ++a.BlackSquares;
             else if (ch >= 'A' && ch <= 'Z')
                 ++a.Letters[ch - 'A'];
-            if (p.IsAcrossStart(c, r)) {
-                const QByteArray word = p.GetWord(c, r, 'a');
-                if (a.AcrossWords == 0)
-                    first = word;
-                else if (a.AcrossWords == 1)
-                    second = word;
-                ++a.AcrossWords;
-                countWord(a, word, letters);
-            }
-            if (p.IsDownStart(c, r)) {
-                ++a.DownWords;
-                countWord(a, p.GetWord(c, r, 'd'), letters);
-            }
             if (ch == BlockChar && !p.isBlock(p.Size - c + 1, p.Size - r + 1))
                 a.Symmetric = false;
         }
+    for (const TWordRef &w : WordsInSlotOrder(p)) {
+        const QByteArray word = p.GetWord(w.Column, w.Row, char(w.Dir));
+        if (w.Dir == Direction::Down) {
+            ++a.DownWords;
+        } else {
+            if (a.AcrossWords == 0)
+                first = word;
+            else if (a.AcrossWords == 1)
+                second = word;
+            ++a.AcrossWords;
+        }
+        countWord(a, word, letters);
+    }
     a.Words = a.AcrossWords + a.DownWords;
     a.AverageLength = a.Words > 0 ? letters / a.Words : 0;
     a.Identifier = first.contains('\0') ? QByteArray("INCOMPLETE")

@@ -2,29 +2,14 @@
 
 namespace {
 
-// A word start in scan order: rows from the top, columns from the left, across first.
-struct TStart {
-    int Column;
-    int Row;
-    int Direction;
-};
-
-QList<TStart> startsInScanOrder(const TPuzzle &p)
+QByteArray wordAt(const TPuzzle &p, const TWordRef &w)
 {
-    QList<TStart> starts;
-    for (int r = 1; r <= p.Size; ++r)
-        for (int c = 1; c <= p.Size; ++c) {
-            if (p.IsAcrossStart(c, r))
-                starts.append({c, r, 1});
-            if (p.IsDownStart(c, r))
-                starts.append({c, r, 2});
-        }
-    return starts;
+    return p.GetWord(w.Column, w.Row, char(w.Dir));
 }
 
-QByteArray wordAt(const TPuzzle &p, const TStart &s)
+TScanItem itemAt(const QByteArray &text, const TWordRef &w)
 {
-    return p.GetWord(s.Column, s.Row, s.Direction == 1 ? 'a' : 'd');
+    return {text, w.Column, w.Row, w.Dir == Direction::Across ? 1 : 2};
 }
 
 }  // namespace
@@ -35,10 +20,10 @@ QList<TScanItem> ScanFor(const TPuzzle &p, const QByteArray &text)
     // A typed text never holds an empty square, so nothing matches one that claims to.
     if (text.isEmpty() || text.contains('\0'))
         return items;
-    for (const TStart &s : startsInScanOrder(p)) {
-        const QByteArray word = wordAt(p, s);
+    for (const TWordRef &w : WordsInSlotOrder(p)) {
+        const QByteArray word = wordAt(p, w);
         if (word.contains(text))
-            items.append({word, s.Column, s.Row, s.Direction});
+            items.append(itemAt(word, w));
     }
     return items;
 }
@@ -55,10 +40,10 @@ TScanResult ScanAll(const TPuzzle &p)
     TScanResult result;
     // Each word is compared with the words after it only (its own square's down word
     // counts as after its across word), so no pair is listed twice.
-    const QList<TStart> starts = startsInScanOrder(p);
+    const QList<TWordRef> starts = WordsInSlotOrder(p);
     QList<QByteArray> words;
     words.reserve(starts.size());
-    for (const TStart &s : starts)
+    for (const TWordRef &s : starts)
         words.append(wordAt(p, s));
     for (qsizetype i = 0; i < starts.size(); ++i) {
         bool listed = false;
@@ -66,7 +51,7 @@ TScanResult ScanAll(const TPuzzle &p)
             if (!WordsAlike(words[i], words[j]))
                 continue;
             if (!listed) {
-                result.Items.append({words[i], starts[i].Column, starts[i].Row, starts[i].Direction});
+                result.Items.append(itemAt(words[i], starts[i]));
                 listed = true;
             }
             QByteArray text = "    " + words[j];
@@ -74,7 +59,7 @@ TScanResult ScanAll(const TPuzzle &p)
                 text += ' ';
                 result.Repeats = true;
             }
-            result.Items.append({text, starts[j].Column, starts[j].Row, starts[j].Direction});
+            result.Items.append(itemAt(text, starts[j]));
         }
     }
     return result;

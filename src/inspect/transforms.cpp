@@ -19,21 +19,15 @@ QByteArray rawWord(const TPuzzle &p, int c, int r, bool across)
 // Gives the clue to the first target word in reading order that reads `word`.
 void placeClue(TPuzzle &target, const QByteArray &word, const QByteArray &clue)
 {
-    int j = 0;
-    for (int r = 1; r <= target.Size; ++r)
-        for (int c = 1; c <= target.Size; ++c)
-            for (const Direction d : {Direction::Across, Direction::Down}) {
-                if (!target.IsWordStart(c, r, d))
-                    continue;
-                ++j;
-                if (target.Cells(c, r) == 0 || j > ClueSlots)
-                    continue;
-                if (rawWord(target, c, r, d == Direction::Across) == word) {
-                    target.setSlotAt(c, r, d, uint16_t(j));
-                    target.setClue(j, clue);
-                    return;
-                }
-            }
+    for (const TWordRef &w : WordsInSlotOrder(target)) {
+        if (target.Cells(w.Column, w.Row) == 0 || w.Index > ClueSlots)
+            continue;
+        if (rawWord(target, w.Column, w.Row, w.Dir == Direction::Across) == word) {
+            target.setSlotAt(w.Column, w.Row, w.Dir, uint16_t(w.Index));
+            target.setClue(w.Index, clue);
+            return;
+        }
+    }
 }
 
 }  // namespace
@@ -55,17 +49,12 @@ void TransformPuzzle(TPuzzle &p, TTransformKind kind)
 
     // Old clues are found by counting words in reading order, not by the slots stored in
     // the grid.
-    int k = 0;
-    for (int r = 1; r <= s; ++r)
-        for (int c = 1; c <= s; ++c)
-            for (const Direction d : {Direction::Across, Direction::Down}) {
-                if (!p.IsWordStart(c, r, d))
-                    continue;
-                ++k;
-                if (p.Cells(c, r) == 0 || k > ClueSlots || p.Clues[k - 1].isEmpty())
-                    continue;
-                placeClue(*target, p.GetWord(c, r, char(d)), p.clue(k));
-            }
+    for (const TWordRef &w : WordsInSlotOrder(p)) {
+        const int k = w.Index;
+        if (p.Cells(w.Column, w.Row) == 0 || k > ClueSlots || p.Clues[k - 1].isEmpty())
+            continue;
+        placeClue(*target, p.GetWord(w.Column, w.Row, char(w.Dir)), p.clue(k));
+    }
 
     for (int slot = 1; slot <= MaxWords; ++slot)
         p.Clues[slot - 1] = target->Clues[slot - 1];

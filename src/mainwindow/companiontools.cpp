@@ -7,18 +7,18 @@
 const std::array<TCompanionTool, CompanionToolCount> &CompanionTools()
 {
     static const std::array<TCompanionTool, CompanionToolCount> tools = {{
-        {"DictionaryAct", "&Dictionary...", "DictPath", "", ""},
-        {"ThesaurusAct", "&Thesaurus...", "ThesPath", "", ""},
-        {"CluevaultAct", "&Cluevault...", "CluePath", "XwdCluevault.exe", "Quillmark Cluevault"},
-        {"ScratchpadAct", "&Scratchpad...", "ScraPath", "Jotpad.exe", "Quillmark Scratchpad"},
-        {"PostrunnerAct", "&Postrunner...", "MailPath", "XwdPostrunner.exe", "Quillmark Postrunner"},
+        {"DictionaryAct", "&Dictionary...", &Setting::DictPath, "", ""},
+        {"ThesaurusAct", "&Thesaurus...", &Setting::ThesPath, "", ""},
+        {"CluevaultAct", "&Cluevault...", &Setting::CluePath, "XwdCluevault.exe", "Quillmark Cluevault"},
+        {"ScratchpadAct", "&Scratchpad...", &Setting::ScraPath, "Jotpad.exe", "Quillmark Scratchpad"},
+        {"PostrunnerAct", "&Postrunner...", &Setting::MailPath, "XwdPostrunner.exe", "Quillmark Postrunner"},
     }};
     return tools;
 }
 
 QString CompanionToolPath(int tool)
 {
-    return ReadText(QString::fromLatin1(CompanionTools().at(tool).PathSetting));
+    return ReadText(*CompanionTools().at(tool).PathSetting);
 }
 
 QString ToolFailureMessage(const QString &caption)

@@ -2,6 +2,8 @@
 // The companion programs of the Tools menu: which action starts which program, where its
 // path is kept, and what the user is told when it cannot be started.
 
+#include "settings/settingkeys.h"
+
 #include <QString>
 
 #include <array>
@@ -9,7 +11,7 @@
 struct TCompanionTool {
     const char *ActionName;   // "DictionaryAct", ...
     const char *Caption;      // "&Dictionary..."
-    const char *PathSetting;  // "DictPath", ...
+    const TSettingKey *PathSetting;
     // Our own companions are found by their file name and the title of their window.
     const char *CompanionFile;
     const char *WindowTitle;

@@ -11,7 +11,7 @@ void ClearPuzzle(int size, char variant)
 
 void ClearPuzzle(TPuzzle &p, int size, char variant)
 {
-    const QByteArray byline = ToCp1252(ReadText(QStringLiteral("Name")));
-    const int language = ReadInt(QStringLiteral("GridLanguage"), 0);
+    const QByteArray byline = ToCp1252(ReadText(Setting::Name));
+    const int language = ReadInt(Setting::GridLanguage);
     p.ClearPuzzle(size, variant, byline, uint8_t(language));
 }

@@ -65,11 +65,8 @@ void TPuzzle::ClearPuzzle(int size, char variant, const QByteArray &byline, uint
 TGridArray<int> SquareNumbers(const TPuzzle &p)
 {
     TGridArray<int> numbers;
-    int next = 0;
-    for (int r = 1; r <= p.Size; ++r)
-        for (int c = 1; c <= p.Size; ++c)
-            if (p.IsAcrossStart(c, r) || p.IsDownStart(c, r))
-                numbers(c, r) = ++next;
+    for (const TWordRef &w : WordsInSlotOrder(p))
+        numbers(w.Column, w.Row) = w.Number;
     return numbers;
 }
 
@@ -93,11 +90,7 @@ QList<TWordRef> WordsInSlotOrder(const TPuzzle &p)
 
 int WordCount(const TPuzzle &p)
 {
-    int count = 0;
-    for (int r = 1; r <= p.Size; ++r)
-        for (int c = 1; c <= p.Size; ++c)
-            count += int(p.IsAcrossStart(c, r)) + int(p.IsDownStart(c, r));
-    return count;
+    return int(WordsInSlotOrder(p).size());
 }
 
 int BlackSquareCount(const TPuzzle &p)

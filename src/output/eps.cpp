@@ -71,7 +71,7 @@ QByteArray EpsGridText(const TPuzzle &p, GridKind kind, EpsStyle style, const QS
         addLine(out, light ? "/Helvetica findfont 16 scalefont setfont"
                            : "/Helvetica-Bold findfont 16 scalefont setfont");
 
-    int number = 0;
+    const TGridArray<int> numbers = SquareNumbers(p);
     for (int r = 1; r <= s; ++r) {
         QByteArray row = "nc";
         for (int c = 1; c <= s; ++c) {
@@ -79,8 +79,8 @@ QByteArray EpsGridText(const TPuzzle &p, GridKind kind, EpsStyle style, const QS
             if (cell == BlockChar) {
                 row += " bb";
             } else if (kind == GridKind::NumberedGrid) {
-                if (p.IsAcrossStart(c, r) || p.IsDownStart(c, r))
-                    row += " nb (" + num(++number) + ") sh";
+                if (numbers(c, r) > 0)
+                    row += " nb (" + num(numbers(c, r)) + ") sh";
                 else
                     row += " wb";
             } else {

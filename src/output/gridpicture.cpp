@@ -55,7 +55,7 @@ TGridPicture DrawGridPicture(const TPuzzle &p, GridKind kind)
     picture.Extent = Square * p.Size + 2;
     const int letterHeight = kind == GridKind::AnswerGrid ? 22 : 18;
     const QFont letterFont = GridPictureFont(letterHeight);
-    int number = 0;
+    const TGridArray<int> numbers = SquareNumbers(p);
     for (int r = 1; r <= p.Size; ++r)
         for (int c = 1; c <= p.Size; ++c) {
             const int top = 1 + Square * (r - 1);
@@ -72,8 +72,8 @@ TGridPicture DrawGridPicture(const TPuzzle &p, GridKind kind)
                 const QPoint at = centred(left, top, letterFont, letter);
                 picture.Items.append(text(at.x(), at.y(), letterHeight, letter, true));
             }
-            if (kind != GridKind::AnswerGrid && (p.IsAcrossStart(c, r) || p.IsDownStart(c, r)))
-                picture.Items.append(text(left + 2, top + 1, 12, QByteArray::number(++number), false));
+            if (kind != GridKind::AnswerGrid && numbers(c, r) > 0)
+                picture.Items.append(text(left + 2, top + 1, 12, QByteArray::number(numbers(c, r)), false));
             if (kind == GridKind::NumberedAnswerGrid && cell != 0) {
                 const QPoint at = centred(left, top, letterFont, letter) + QPoint(4, 4);
                 picture.Items.append(text(at.x(), at.y(), letterHeight, letter, true));

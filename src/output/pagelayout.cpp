@@ -1,8 +1,8 @@
 #include "output/pagelayout.h"
 
+#include "clues/byline.h"
 #include "model/cp1252.h"
 #include "settings/fontsetting.h"
-#include "settings/txwdprocs.h"
 
 #include <QFileInfo>
 #include <QFontMetrics>
@@ -56,10 +56,9 @@ QString TitleForPuzzlePath(const QString &path)
     return name.left(std::max<qsizetype>(0, name.size() - 4));
 }
 
-QString FormatSettingKey(TPageFormat f)
+TPageFontChoice DefaultPageFont(const TFontKeys &keys)
 {
-    static const char *keys[] = {"PrintMSS", "PrintMSG", "PrintNGr", "PrintSGr", "PrintPPg"};
-    return QString::fromLatin1(keys[int(f)]);
+    return {keys.Name, keys.Size, keys.Style};
 }
 
 QFont PageFont(const QString &family, int points, int style)
@@ -88,7 +87,10 @@ const QImage &measuringDevice()
 
 class TComposer {
 public:
-    TComposer(const TPuzzle &p, const TPrintJob &job) : p_(p), job_(job), numbers_(SquareNumbers(p)) {}
+    TComposer(const TPuzzle &p, const TPrintJob &job)
+        : p_(p), job_(job), numbers_(SquareNumbers(p)), words_(WordsInSlotOrder(p))
+    {
+    }
 
     QList<TPage> run()
     {
@@ -122,6 +124,7 @@ private:
     const TPuzzle &p_;
     const TPrintJob &job_;
     const TGridArray<int> numbers_;
+    const QList<TWordRef> words_;
     QList<TPage> pages_;
     int pageNumber_ = 0;
     QFont font_;
@@ -213,19 +216,13 @@ private:
     QFont manuscriptFont(bool bold)
     {
         if (!manuscriptRead_) {
-            manuscriptFonts_[0] = readManuscriptFont(false);
-            manuscriptFonts_[1] = readManuscriptFont(true);
+            const TPageFontChoice &font = job_.ManuscriptFont;
+            manuscriptFonts_[0] = PageFont(font.Name, font.Size, font.Style);
+            manuscriptFonts_[1] = manuscriptFonts_[0];
+            manuscriptFonts_[1].setBold(true);
             manuscriptRead_ = true;
         }
         return manuscriptFonts_[bold ? 1 : 0];
-    }
-    static QFont readManuscriptFont(bool bold)
-    {
-        QFont f = PageFont(ReadText(QStringLiteral("MSFontName"), QStringLiteral("Courier New")), ReadInt(QStringLiteral("MSFontSize"), 12),
-                           ReadInt(QStringLiteral("MSFontStyle"), 0));
-        if (bold)
-            f.setBold(true);
-        return f;
     }
 
     void pageMetrics()
@@ -235,7 +232,7 @@ private:
         leftMargin_ = PageWidth / 17;
         topMargin_ = PageHeight / 22;
         rightColumnOffset_ = PageWidth - 2 * leftMargin_ - 25 * width(QStringLiteral("M"));
-        linesPerPage_ = (PageHeight - 2 * topMargin_) / lineHeight_ + 1 - ReadInt(QStringLiteral("PageBottomMargin"), 1);
+        linesPerPage_ = (PageHeight - 2 * topMargin_) / lineHeight_ + 1 - job_.PageBottomMargin;
     }
 
     void titleLine()
@@ -250,15 +247,9 @@ private:
     {
         titleLine();
         setFont(manuscriptFont(false));
-        const QString add4 = ReadText(QStringLiteral("Add4"), QString());
-        const QStringList lines = {ReadText(QStringLiteral("Name"), QStringLiteral("Your Name")),
-                                   ReadText(QStringLiteral("Add1"), QStringLiteral("Address 1")),
-                                   ReadText(QStringLiteral("Add2"), QStringLiteral("Address 2")),
-                                   ReadText(QStringLiteral("Add3"), QStringLiteral("Address 3"))};
-        for (int i = 0; i < lines.size(); ++i)
-            text(leftMargin_, topMargin_ + (2 + i) * lineHeight_, lines[i]);
-        if (!add4.isEmpty())
-            text(leftMargin_, topMargin_ + 6 * lineHeight_, add4);
+        for (int i = 0; i < 5; ++i)
+            if (i < 4 || !job_.Address[4].isEmpty())
+                text(leftMargin_, topMargin_ + (2 + i) * lineHeight_, job_.Address[i]);
         if (specFlag_) {
             const QString spec = job_.SpecText;
             const int x = leftMargin_ + rightColumnOffset_ + 2 * width(QStringLiteral("M"));
@@ -280,7 +271,7 @@ private:
     TColumns manuscriptColumns()
     {
         const int m = width(QStringLiteral("M"));
-        if (ReadInt(QStringLiteral("DefsOnLeft"), 1) != 0)
+        if (job_.DefsOnLeft)
             return {leftMargin_, leftMargin_ + rightColumnOffset_ + 2 * m};
         return {leftMargin_ + 25 * m, leftMargin_};
     }
@@ -338,25 +329,24 @@ private:
 
     void manuscriptWords(Direction d, const TColumns &cols, int &y)
     {
-        for (int r = 1; r <= p_.Size; ++r)
-            for (int c = 1; c <= p_.Size; ++c) {
-                if (!p_.IsWordStart(c, r, d))
-                    continue;
-                setFont(manuscriptFont(false));
-                text(cols.Answer, y, answer(c, r, d));
-                const QString line = QStringLiteral("%1 ").arg(numbers_(c, r), 3) + clueText(c, r, d);
-                if (width(line) <= rightColumnOffset_)
-                    numberedLine(cols.Clue, y, line);
-                else
-                    wrapManuscript(cols.Clue, y, line, true);
-                y += 2 * lineHeight_;
-                if (linesPerPage_ * lineHeight_ < y) {
-                    newPage();
-                    pageMetrics();
-                    titleLine();
-                    y = 3 * lineHeight_ + topMargin_;
-                }
+        for (const TWordRef &w : words_) {
+            if (w.Dir != d)
+                continue;
+            setFont(manuscriptFont(false));
+            text(cols.Answer, y, answer(w.Column, w.Row, d));
+            const QString line = QStringLiteral("%1 ").arg(w.Number, 3) + clueText(w.Column, w.Row, d);
+            if (width(line) <= rightColumnOffset_)
+                numberedLine(cols.Clue, y, line);
+            else
+                wrapManuscript(cols.Clue, y, line, true);
+            y += 2 * lineHeight_;
+            if (linesPerPage_ * lineHeight_ < y) {
+                newPage();
+                pageMetrics();
+                titleLine();
+                y = 3 * lineHeight_ + topMargin_;
             }
+        }
     }
 
     void manuscript()
@@ -365,7 +355,7 @@ private:
         pageMetrics();
         fullHeading();
         setFont(manuscriptFont(false));
-        int y = (ReadText(QStringLiteral("Add4"), QString()).isEmpty() ? 10 : 11) * lineHeight_;
+        int y = (job_.Address[4].isEmpty() ? 10 : 11) * lineHeight_;
         const TColumns cols = manuscriptColumns();
         text(cols.Clue, y, QStringLiteral("ACROSS"));
         y += 2 * lineHeight_;
@@ -454,12 +444,11 @@ private:
         const int cols = S < 19 ? 3 : 5;
         const int w = (PageWidth - 2 * m) / cols;
         const int k = PuzzlePageSizeStep(S);
-        const int base = ReadInt(QStringLiteral("PPFontSize"), 9);
+        const int base = job_.PuzzlePageFont.Size;
         const QString arial = QStringLiteral("Arial");
         setFont(PageFont(arial, base + k));
         const int h = std::max(1, height() - 1);
-        const QFont clueFont = PageFont(ReadText(QStringLiteral("PPFontName"), QStringLiteral("Times New Roman")),
-                                        base + k, ReadInt(QStringLiteral("PPFontStyle"), 0));
+        const QFont clueFont = PageFont(job_.PuzzlePageFont.Name, base + k, job_.PuzzlePageFont.Style);
         const QFont headFont = PageFont(arial, base + k, 1);
         const QFont titleFont = PageFont(arial, k + 12, 1);
 
@@ -470,19 +459,13 @@ private:
         penWidth_ = 4;
         line(m, rule, m + cols * w + 2, rule);
         penWidth_ = 1;
-        QString byline;
-        // "--" is the puzzle's way of saying it has no byline, so nothing prints for it.
-        if (job_.PrintByline && p_.Byline.text() != "--") {
-            const QByteArray b = p_.Byline.text();
-            byline = b.isEmpty() ? QStringLiteral("a Quillmark puzzle")
-                                 : (QStringLiteral("by ") + FromCp1252(b)).left(63);
-        }
+        const QString byline = job_.PrintByline ? BylineCaption(p_) : QString();
         setFont(titleFont);
         text(m, 8, job_.Title);
         if (!byline.isEmpty())
             text(PageWidth - width(byline) - 63, rule + 8, byline);
 
-        const int L = PageHeight / h - 3 - ReadInt(QStringLiteral("PageLength"), 1);
+        const int L = PageHeight / h - 3 - job_.PageLength;
         const int Y0 = 3 * h + 10;
         const int gridRight = m + cols * w;
         const int gridLeft = gridRight - q * S;
@@ -514,20 +497,19 @@ private:
             }
         };
         const auto clues = [&](Direction d) {
-            for (int r = 1; r <= S; ++r)
-                for (int c = 1; c <= S; ++c) {
-                    if (!p_.IsWordStart(c, r, d))
-                        continue;
-                    setFont(clueFont);
-                    textEndingAt(x + width(QStringLiteral("999")), y, QString::number(numbers_(c, r)));
-                    const int textX = x + width(QStringLiteral("999")) + width(QStringLiteral("N"));
-                    const bool beside = cols == 5 && column == 2 && y < gridBottom + 3 && pages_.size() == firstPuzzlePage_;
-                    const int usable = (beside ? 4 * w - q * S : w) - width(QStringLiteral("999NM"));
-                    wrapPuzzleClue(textX, y, h, clueText(c, r, d), usable);
-                    y += h;
-                    if (L * h < y)
-                        nextColumn();
-                }
+            for (const TWordRef &word : words_) {
+                if (word.Dir != d)
+                    continue;
+                setFont(clueFont);
+                textEndingAt(x + width(QStringLiteral("999")), y, QString::number(word.Number));
+                const int textX = x + width(QStringLiteral("999")) + width(QStringLiteral("N"));
+                const bool beside = cols == 5 && column == 2 && y < gridBottom + 3 && pages_.size() == firstPuzzlePage_;
+                const int usable = (beside ? 4 * w - q * S : w) - width(QStringLiteral("999NM"));
+                wrapPuzzleClue(textX, y, h, clueText(word.Column, word.Row, d), usable);
+                y += h;
+                if (L * h < y)
+                    nextColumn();
+            }
         };
 
         firstPuzzlePage_ = int(pages_.size());

@@ -4,6 +4,7 @@
 
 #include "model/puzzle.h"
 #include "output/pageobjects.h"
+#include "settings/settingkeys.h"
 
 #include <QColor>
 #include <QList>
@@ -13,6 +14,15 @@
 enum class TPageFormat { Manuscript, ManuscriptGridOnly, NumberedGrid, SolutionGrid, PuzzlePage };
 constexpr int PageFormatCount = 5;
 
+// A font of the printed pages as the print options keep it.
+struct TPageFontChoice {
+    QString Name;
+    int Size = 0;
+    int Style = 0;  // bold 1, italic 2, underline 4, strike-out 8
+};
+
+TPageFontChoice DefaultPageFont(const TFontKeys &keys);
+
 struct TPrintJob {
     QString Title;
     QColor BlockColor = Qt::black;
@@ -20,6 +30,18 @@ struct TPrintJob {
     QString SpecText;
     bool Formats[PageFormatCount] = {};
     bool PrintByline = true;
+
+    // The rest of what the pages are laid out with. The print window and the command line
+    // fill it from the settings (ReadPrintSettings); a job not given them has the defaults.
+    TPageFontChoice ManuscriptFont = DefaultPageFont(Setting::ManuscriptFont);
+    TPageFontChoice PuzzlePageFont = DefaultPageFont(Setting::PuzzlePageFont);  // before the grid's step
+    // The heading's address block: the name, then four lines, the last of them often empty.
+    QString Address[5] = {Setting::NameOnPages.Default.toString(), Setting::Address[0].Default.toString(),
+                          Setting::Address[1].Default.toString(), Setting::Address[2].Default.toString(),
+                          Setting::Address[3].Default.toString()};
+    bool DefsOnLeft = Setting::DefsOnLeft.Default.toInt() != 0;
+    int PageBottomMargin = Setting::PageBottomMargin.Default.toInt();  // lines a manuscript page leaves free
+    int PageLength = Setting::PageLength.Default.toInt();              // lines the puzzle page leaves free
 
     bool has(TPageFormat f) const { return Formats[int(f)]; }
     void set(TPageFormat f, bool on) { Formats[int(f)] = on; }
@@ -35,12 +57,10 @@ int PuzzlePageSizeStep(int size);
 QByteArray ConvertQuotes(const QByteArray &clue);
 // The title for a puzzle file: its name without folder and without its last four characters.
 QString TitleForPuzzlePath(const QString &path);
-// The format settings "PrintMSS", "PrintMSG", "PrintNGr", "PrintSGr", "PrintPPg".
-QString FormatSettingKey(TPageFormat f);
 
 // A font of `points` at the page's resolution, sized in page units.
 QFont PageFont(const QString &family, int points, int style = 0);
 
 // Every page of the checked formats, each format after the first on a new page, pages
-// numbered on from 1 across the whole run. Reads the print settings.
+// numbered on from 1 across the whole run. Everything they depend on is in the job.
 QList<TPage> ComposePages(const TPuzzle &p, const TPrintJob &job);

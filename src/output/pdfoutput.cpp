@@ -1,6 +1,6 @@
 #include "output/pdfoutput.h"
 
-#include "model/cp1252.h"
+#include "clues/byline.h"
 #include "model/puzzlefile.h"
 #include "output/pagepainter.h"
 
@@ -10,12 +10,7 @@
 
 QString PdfSubject(const TPuzzle &p)
 {
-    const QByteArray byline = p.Byline.text();
-    if (byline.isEmpty())
-        return QStringLiteral("a Quillmark puzzle");
-    if (byline == "--")
-        return {};
-    return FromCp1252(byline);
+    return BylineText(p);
 }
 
 namespace {

@@ -8,9 +8,9 @@
 
 namespace {
 
-QByteArray settingBytes(const char *name, const char *defaultValue)
+QByteArray settingBytes(const TSettingKey &key)
 {
-    return ToCp1252(ReadSetting(QString::fromLatin1(name), QString::fromLatin1(defaultValue)).toString());
+    return ToCp1252(ReadText(key));
 }
 
 QByteArray clueLine(const TPuzzle &p, int number, int c, int r, Direction d)
@@ -29,8 +29,8 @@ QByteArray sliceFrom(const QByteArray &text, const char *label, int length)
 
 TRtfAddress RtfAddressFromSettings()
 {
-    return {settingBytes("Name", "Your Name"), settingBytes("Add1", "Address 1"), settingBytes("Add2", "Address 2"),
-            settingBytes("Add3", "Address 3"), settingBytes("Add4", "")};
+    return {settingBytes(Setting::NameOnPages), settingBytes(Setting::Address[0]), settingBytes(Setting::Address[1]),
+            settingBytes(Setting::Address[2]), settingBytes(Setting::Address[3])};
 }
 
 QByteArray ConvertClueQuotes(const QByteArray &clue)

@@ -74,10 +74,10 @@ QColor ColorFromSetting(const QString &text)
     return ColorFromRef(uint32_t(number) & 0xFFFFFF);
 }
 
-QColor ReadColorSetting(const QString &name, const QString &defaultValue)
+QColor ReadColorSetting(const TSettingKey &key)
 {
-    const QColor color = ColorFromSetting(ReadText(name, defaultValue));
-    return color.isValid() ? color : ColorFromSetting(defaultValue);
+    const QColor color = ColorFromSetting(ReadText(key));
+    return color.isValid() ? color : ColorFromSetting(key.Default.toString());
 }
 
 QString ColorToSetting(const QColor &color)

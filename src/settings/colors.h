@@ -3,6 +3,8 @@
 // for the standard colours, otherwise "$" and eight hexadecimal digits of the colour
 // reference 0x00BBGGRR (red in the low byte). Plain decimal numbers are read too.
 
+#include "settings/settingkeys.h"
+
 #include <QColor>
 #include <QString>
 
@@ -16,6 +18,6 @@ QColor ColorFromRef(uint32_t ref);
 // nor a number.
 QColor ColorFromSetting(const QString &text);
 // A colour setting read with its default identifier; an unreadable value gives the default.
-QColor ReadColorSetting(const QString &name, const QString &defaultValue);
+QColor ReadColorSetting(const TSettingKey &key);
 // The identifier of a standard colour, else "$" and eight upper-case hexadecimal digits.
 QString ColorToSetting(const QColor &color);

@@ -3,6 +3,8 @@
 #include "settings/colors.h"
 #include "settings/txwdprocs.h"
 
+#include <algorithm>
+
 void ApplyFontStyle(QFont &font, int style)
 {
     font.setBold(style & 1);
@@ -11,13 +13,35 @@ void ApplyFontStyle(QFont &font, int style)
     font.setStrikeOut(style & 8);
 }
 
-TFontSetting ReadFontSetting(const QString &prefix, const TFontDefaults &defaults)
+TFontSetting ReadFontSetting(const TFontKeys &keys)
 {
     TFontSetting setting;
-    setting.Font.setFamily(ReadText(prefix + QStringLiteral("FontName"), defaults.Name));
-    const int size = ReadInt(prefix + QStringLiteral("FontSize"), defaults.Size);
-    setting.Font.setPointSize(size >= 1 ? size : defaults.Size);
-    ApplyFontStyle(setting.Font, ReadInt(prefix + QStringLiteral("FontStyle"), defaults.Style));
-    setting.Color = ReadColorSetting(prefix + QStringLiteral("FontColor"), defaults.Color);
+    setting.Font.setFamily(ReadText(keys.nameKey()));
+    const int size = ReadInt(keys.sizeKey());
+    setting.Font.setPointSize(size >= 1 ? size : keys.Size);
+    ApplyFontStyle(setting.Font, ReadInt(keys.styleKey()));
+    setting.Color = ReadColorSetting(keys.colorKey());
+    return setting;
+}
+
+int FontStyleBits(const QFont &font)
+{
+    return (font.bold() ? 1 : 0) | (font.italic() ? 2 : 0) | (font.underline() ? 4 : 0) | (font.strikeOut() ? 8 : 0);
+}
+
+void WriteFontSetting(const TFontKeys &keys, const TFontSetting &font)
+{
+    WriteSetting(keys.nameKey(), font.Font.family());
+    WriteSetting(keys.colorKey(), ColorToSetting(font.Color));
+    WriteSetting(keys.sizeKey(), std::max(1, font.Font.pointSize()));
+    WriteSetting(keys.styleKey(), FontStyleBits(font.Font));
+}
+
+TFontSetting DefaultFontSetting(const TFontKeys &keys)
+{
+    TFontSetting setting;
+    setting.Font = QFont(keys.Name, keys.Size);
+    ApplyFontStyle(setting.Font, keys.Style);
+    setting.Color = ColorFromSetting(keys.Color);
     return setting;
 }

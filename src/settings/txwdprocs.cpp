@@ -91,6 +91,41 @@ void WriteBounds(const QString &name, int left, int top, int width, int height)
     WriteSetting(name, QStringLiteral("%1,%2,%3,%4").arg(left).arg(top).arg(width).arg(height));
 }
 
+std::optional<QRect> ParseBounds(const QString &text)
+{
+    const QStringList parts = text.split(u',');
+    if (parts.size() != 4)
+        return std::nullopt;
+    int values[4];
+    for (int i = 0; i < 4; ++i) {
+        bool ok = false;
+        values[i] = parts[i].trimmed().toInt(&ok);
+        if (!ok)
+            return std::nullopt;
+    }
+    return QRect(values[0], values[1], values[2], values[3]);
+}
+
+QString ReadText(const TSettingKey &key)
+{
+    return ReadSetting(key.Name, key.Default).toString();
+}
+
+int ReadInt(const TSettingKey &key)
+{
+    return ReadSetting(key.Name, key.Default).toInt();
+}
+
+void WriteSetting(const TSettingKey &key, const QVariant &value)
+{
+    WriteSetting(key.Name, value);
+}
+
+std::optional<QRect> ReadBounds(const QString &name)
+{
+    return ParseBounds(ReadText(name));
+}
+
 QString ReadText(const QString &name, const QString &defaultValue)
 {
     return ReadSetting(name, defaultValue).toString();

@@ -3,9 +3,14 @@
 // whose type (text or integer) decides how the value is read. Also the blocking pause
 // and the largest square size that fits the screen.
 
+#include "settings/settingkeys.h"
+
 #include <QObject>
+#include <QRect>
 #include <QTimer>
 #include <QVariant>
+
+#include <optional>
 
 constexpr auto DefaultSettingsPath = "Software\\Quillmark32\\Quillmark6Demo";
 constexpr auto ToolsSettingsPath = "Software\\Quillmark32\\Tools";
@@ -17,10 +22,19 @@ QVariant ReadSetting(const QString &name, const QVariant &defaultValue);
 // Text is stored as text, integers as integers; any other type writes nothing.
 void WriteSetting(const QString &name, const QVariant &value);
 void WriteBounds(const QString &name, int left, int top, int width, int height);
+// Window bounds as WriteBounds stores them: four whole numbers, left, top, width, height,
+// joined by commas; nothing for any other text, so the window keeps its own placement.
+std::optional<QRect> ParseBounds(const QString &text);
+std::optional<QRect> ReadBounds(const QString &name);
 
 // Convenience wrappers with the type in the name.
 QString ReadText(const QString &name, const QString &defaultValue = {});
 int ReadInt(const QString &name, int defaultValue);
+
+// A setting of the key table, read with its own default.
+QString ReadText(const TSettingKey &key);
+int ReadInt(const TSettingKey &key);
+void WriteSetting(const TSettingKey &key, const QVariant &value);
 
 // The key every read and write goes to, as a registry-style path whose last two parts
 // name the organisation and the application of the per-user store.

@@ -28,17 +28,9 @@ TTextMeasure MeasureOf(const QFontMetrics &metrics)
 
 QList<QByteArray> ClueListItems(const TPuzzle &p)
 {
-    const auto clueOf = [&p](int slot) {
-        return slot >= 1 && slot <= ClueSlots ? p.clue(slot) : QByteArray();
-    };
     QList<QByteArray> items;
-    for (int r = 1; r <= p.Size; ++r)
-        for (int c = 1; c <= p.Size; ++c) {
-            if (p.IsAcrossStart(c, r))
-                items.append(clueOf(p.CellWords(c, r).AcrossSlot));
-            if (p.IsDownStart(c, r))
-                items.append(clueOf(p.CellWords(c, r).DownSlot));
-        }
+    for (const TWordRef &w : WordsInSlotOrder(p))
+        items.append(p.wordClue(w.Column, w.Row, w.Dir));
     return items;
 }
 

@@ -19,7 +19,7 @@ constexpr uchar UnknownLetter = '?';
 
 void TGridEditor::LoadGridCharSet()
 {
-    const int language = PuzzleMode == SolveMode ? int(Puzzle.Language) : ReadInt(QStringLiteral("GridLanguage"), 0);
+    const int language = PuzzleMode == SolveMode ? int(Puzzle.Language) : ReadInt(Setting::GridLanguage);
     if (language >= 0 && language < GridLanguageCount)
         GridCharSet = GridCharSetFor(language);
 }

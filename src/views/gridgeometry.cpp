@@ -1,6 +1,6 @@
 #include "views/gridgeometry.h"
 
-#include <QStringList>
+#include "settings/txwdprocs.h"
 
 #include <algorithm>
 #include <cmath>
@@ -86,14 +86,6 @@ int SquareSizeForWidth(int width, int size, int current)
 
 QPoint GridWindowOrigin(const QString &bounds)
 {
-    const QStringList parts = bounds.split(u',');
-    if (bounds.trimmed().isEmpty() || parts.size() < 2)
-        return {2, 2};
-    bool leftOk = false;
-    bool topOk = false;
-    const int left = parts[0].trimmed().toInt(&leftOk);
-    const int top = parts[1].trimmed().toInt(&topOk);
-    if (!leftOk || !topOk)
-        return {2, 2};
-    return {left, top};
+    const std::optional<QRect> rect = ParseBounds(bounds);
+    return rect ? rect->topLeft() : QPoint(2, 2);
 }

@@ -1,30 +1,16 @@
 #include "model/puzzlefile.h"
 #include "model/puzzletext.h"
+#include "clirun.h"
 #include "testsupport.h"
 
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 
 #include <gtest/gtest.h>
 
 namespace {
-
-struct CliRun {
-    int code;
-    QString out;
-    QString err;
-};
-
-CliRun cli(const QStringList &args)
-{
-    QProcess p;
-    p.start(QStringLiteral(QUILLMARK_CLI), args);
-    EXPECT_TRUE(p.waitForFinished(30000));
-    return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()), QString::fromUtf8(p.readAllStandardError())};
-}
 
 const char *const Clued =
     "size 11\nbyline Zoë Maker\nlanguage 4\ngrid\n"
@@ -44,9 +30,9 @@ QString writeClued(const TScratchDir &dir)
 TEST(Cli, InfoShowsTheSpecificationLinesAndTheRest)
 {
     TScratchDir dir;
-    const CliRun r = cli({"info", writeClued(dir)});
+    const TCliRun r = RunCli({"info", writeClued(dir)});
     ASSERT_EQ(r.code, 0) << r.err.toStdString();
-    const QStringList lines = r.out.split(u'\n');
+    const QStringList lines = r.text().split(u'\n');
     ASSERT_GE(lines.size(), 6);
     EXPECT_EQ(lines[0], " Size of Grid: 11×");
     EXPECT_EQ(lines[1], " Black Squares: 3  Par: 20");
@@ -61,9 +47,9 @@ TEST(Cli, InfoJsonListsEveryWordInSlotOrder)
     TScratchDir dir;
     const QString path = writeClued(dir);
     const QByteArray before = ReadFileBytes(path);
-    const CliRun r = cli({"info", "--json", path});
+    const TCliRun r = RunCli({"info", "--json", path});
     ASSERT_EQ(r.code, 0) << r.err.toStdString();
-    const QJsonObject o = QJsonDocument::fromJson(r.out.toUtf8()).object();
+    const QJsonObject o = QJsonDocument::fromJson(r.out).object();
     // The figures are the text form's, tested above; here the entries.
     EXPECT_EQ(o["format"].toInt(), 6);
     const QJsonArray entries = o["entries"].toArray();
@@ -90,12 +76,12 @@ TEST(Cli, Version5FilesAreReadButNotRewritten)
     TScratchDir dir;
     const QString current = writeClued(dir);
     const QString old = dir.path("old.xwd");
-    ASSERT_EQ(cli({"convert", "--version5", current, old}).code, 0);
+    ASSERT_EQ(RunCli({"convert", "--version5", current, old}).code, 0);
     EXPECT_EQ(ReadFileBytes(old).size(), PuzzleFile5Size);
 
-    const CliRun r = cli({"info", "--json", old});
+    const TCliRun r = RunCli({"info", "--json", old});
     ASSERT_EQ(r.code, 0);
-    EXPECT_EQ(QJsonDocument::fromJson(r.out.toUtf8()).object()["format"].toInt(), 5);
+    EXPECT_EQ(QJsonDocument::fromJson(r.out).object()["format"].toInt(), 5);
     EXPECT_EQ(ReadFileBytes(old).size(), PuzzleFile5Size);
 }
 
@@ -103,7 +89,7 @@ TEST(Cli, NewWritesAnEmptyPuzzleOfALegalSize)
 {
     TScratchDir dir;
     const QString out = dir.path("new.xwd");
-    const CliRun r = cli({"new", "--size", "13", "--language", "french", "--byline", "Jo", out});
+    const TCliRun r = RunCli({"new", "--size", "13", "--language", "french", "--byline", "Jo", out});
     ASSERT_EQ(r.code, 0) << r.err.toStdString();
     const TPuzzle p = DecodePuzzle(ReadFileBytes(out));
     EXPECT_EQ(p.Size, 13);
@@ -112,12 +98,12 @@ TEST(Cli, NewWritesAnEmptyPuzzleOfALegalSize)
     EXPECT_EQ(WordCount(p), 26);
 
     for (const char *size : {"12", "9", "25", "x"}) {
-        const CliRun bad = cli({"new", "--size", size, dir.path("bad.xwd")});
+        const TCliRun bad = RunCli({"new", "--size", size, dir.path("bad.xwd")});
         EXPECT_EQ(bad.code, 1) << size;
         EXPECT_TRUE(bad.err.contains("--size")) << bad.err.toStdString();
         EXPECT_FALSE(QFile::exists(dir.path("bad.xwd")));
     }
-    EXPECT_EQ(cli({"new", "--size", "11", "--language", "Klingon", out}).code, 1);
+    EXPECT_EQ(RunCli({"new", "--size", "11", "--language", "Klingon", out}).code, 1);
 }
 
 TEST(Cli, UnreadableInputAndBadArgumentsFailWithOneLine)
@@ -131,7 +117,7 @@ TEST(Cli, UnreadableInputAndBadArgumentsFailWithOneLine)
     for (const QStringList &args : {QStringList{"info", dir.path("short.xwd")}, QStringList{"info", dir.path("none.xwd")},
                                     QStringList{"info", dir.path("oversized.xwd")},
                                     QStringList{"convert", dir.path("short.xwd"), dir.path("out.xwd")}}) {
-        const CliRun r = cli(args);
+        const TCliRun r = RunCli(args);
         EXPECT_EQ(r.code, 2);
         EXPECT_EQ(r.err, "quillmark-cli: Puzzle not in Quillmark format or is corrupt.\n");
         EXPECT_TRUE(r.out.isEmpty());
@@ -141,31 +127,31 @@ TEST(Cli, UnreadableInputAndBadArgumentsFailWithOneLine)
 
     for (const QStringList &args : {QStringList{}, QStringList{"frobnicate"}, QStringList{"info"},
                                     QStringList{"info", "--xml", "a.xwd"}, QStringList{"new", "--size"}}) {
-        const CliRun r = cli(args);
+        const TCliRun r = RunCli(args);
         EXPECT_EQ(r.code, 1) << args.join(' ').toStdString();
         EXPECT_EQ(r.err.count(u'\n'), 1);
     }
-    const CliRun help = cli({"--help"});
+    const TCliRun help = RunCli({"--help"});
     EXPECT_EQ(help.code, 0);
     for (const char *command : {"info", "new", "convert", "import", "export-text"})
-        EXPECT_TRUE(help.out.contains(command));
+        EXPECT_TRUE(help.text().contains(command));
 }
 
 TEST(Cli, ImportAndExportTextRoundTrip)
 {
     TScratchDir dir;
     ASSERT_TRUE(WriteFileBytes(dir.path("p.txt"), Clued));
-    ASSERT_EQ(cli({"import", dir.path("p.txt"), dir.path("p.xwd")}).code, 0);
-    const CliRun r = cli({"export-text", dir.path("p.xwd"), "-"});
+    ASSERT_EQ(RunCli({"import", dir.path("p.txt"), dir.path("p.xwd")}).code, 0);
+    const TCliRun r = RunCli({"export-text", dir.path("p.xwd"), "-"});
     ASSERT_EQ(r.code, 0);
-    EXPECT_EQ(PuzzleToText(PuzzleFromText(r.out)), PuzzleToText(PuzzleFromText(QString::fromUtf8(Clued))));
+    EXPECT_EQ(PuzzleToText(PuzzleFromText(r.text())), PuzzleToText(PuzzleFromText(QString::fromUtf8(Clued))));
 
     ASSERT_TRUE(WriteFileBytes(dir.path("p.txt"), "size 11\ngrid\nABC\n"));
-    const CliRun bad = cli({"import", dir.path("p.txt"), dir.path("q.xwd")});
+    const TCliRun bad = RunCli({"import", dir.path("p.txt"), dir.path("q.xwd")});
     EXPECT_EQ(bad.code, 2);
     EXPECT_TRUE(bad.err.contains("line 3")) << bad.err.toStdString();
     ASSERT_TRUE(WriteFileBytes(dir.path("p.txt"), "size 5\ngrid\nABCDE\n.....\n.....\n.....\n.....\n"));
-    EXPECT_EQ(cli({"import", dir.path("p.txt"), dir.path("q.xwd")}).code, 2) << "no file the program would refuse";
+    EXPECT_EQ(RunCli({"import", dir.path("p.txt"), dir.path("q.xwd")}).code, 2) << "no file the program would refuse";
     EXPECT_FALSE(QFile::exists(dir.path("q.xwd")));
 }
 
@@ -173,20 +159,20 @@ TEST(Cli, DeflistAndBylineReachTheClueTools)
 {
     TScratchDir dir;
     const QString in = writeClued(dir);
-    const CliRun list = cli({"deflist", in});
+    const TCliRun list = RunCli({"deflist", in});
     ASSERT_EQ(list.code, 0) << list.err.toStdString();
-    const QStringList lines = list.out.split(u'\n');
+    const QStringList lines = list.text().split(u'\n');
     EXPECT_EQ(lines.value(0), "ACROSS");
     EXPECT_EQ(lines.value(1), "    1  Purring pet  | CAT");
     EXPECT_EQ(lines.value(2), QString::fromUtf8("    4  Barking “pet”  | DOG"));
     EXPECT_TRUE(lines.contains("DOWN"));
 
     const QString out = dir.path("out.xwd");
-    EXPECT_EQ(cli({"byline", "--text", QString::fromUtf8("Zoë 中"), in, out}).code, 1);
+    EXPECT_EQ(RunCli({"byline", "--text", QString::fromUtf8("Zoë 中"), in, out}).code, 1);
     EXPECT_FALSE(QFile::exists(out)) << "a byline the puzzle cannot keep writes nothing";
-    EXPECT_EQ(cli({"byline", "--none", in, out}).code, 0);
+    EXPECT_EQ(RunCli({"byline", "--none", in, out}).code, 0);
     EXPECT_EQ(LoadPuzzleFile(out).Puzzle.Byline.text(), QByteArray("--"));
-    EXPECT_EQ(cli({"byline", "--text", QString(70, u'x'), in, out}).code, 0);
+    EXPECT_EQ(RunCli({"byline", "--text", QString(70, u'x'), in, out}).code, 0);
     EXPECT_EQ(LoadPuzzleFile(out).Puzzle.Byline.text(), QByteArray(60, 'x'));
-    EXPECT_EQ(cli({"byline", in, out}).code, 1);
+    EXPECT_EQ(RunCli({"byline", in, out}).code, 1);
 }

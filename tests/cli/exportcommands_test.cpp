@@ -1,26 +1,13 @@
 #include "model/puzzlefile.h"
+#include "clirun.h"
 #include "testsupport.h"
 
 #include <QDir>
 #include <QImage>
-#include <QProcess>
 
 #include <gtest/gtest.h>
 
 namespace {
-
-struct CliResult {
-    int code;
-    QByteArray out;
-};
-
-CliResult cli(const QStringList &args)
-{
-    QProcess p;
-    p.start(QStringLiteral(QUILLMARK_CLI), args);
-    EXPECT_TRUE(p.waitForFinished(30000));
-    return {p.exitCode(), p.readAllStandardOutput()};
-}
 
 QString example() { return QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd"); }
 
@@ -29,10 +16,10 @@ QString example() { return QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd
 TEST(ExportCommands, WriteTheFilesTheWindowWrites)
 {
     const TScratchDir dir;
-    EXPECT_EQ(cli({"export-eps", "--light", example(), dir.path("s.eps")}).code, 0);
-    EXPECT_EQ(cli({"export-wmf", example(), dir.path("s.wmf")}).code, 0);
-    EXPECT_EQ(cli({"export-rtf", example(), dir.path("s.rtf")}).code, 0);
-    EXPECT_EQ(cli({"export-picture", "--kind", "answers", example(), dir.path("s.png")}).code, 0);
+    EXPECT_EQ(RunCli({"export-eps", "--light", example(), dir.path("s.eps")}).code, 0);
+    EXPECT_EQ(RunCli({"export-wmf", example(), dir.path("s.wmf")}).code, 0);
+    EXPECT_EQ(RunCli({"export-rtf", example(), dir.path("s.rtf")}).code, 0);
+    EXPECT_EQ(RunCli({"export-picture", "--kind", "answers", example(), dir.path("s.png")}).code, 0);
     QStringList files = QDir(dir.path("")).entryList(QDir::Files);
     files.sort();
     EXPECT_EQ(files, QStringList({"s-A.EPS", "s-A.WMF", "s.EPS", "s.RTF", "s.TXT", "s.WMF", "s.png"}));
@@ -40,7 +27,7 @@ TEST(ExportCommands, WriteTheFilesTheWindowWrites)
     const TPuzzle p = DecodePuzzle(ReadFileBytes(example()));
     EXPECT_EQ(QImage(dir.path("s.png")).width(), 30 * p.Size + 2);
 
-    const CliResult clues = cli({"export-clues", example(), "-"});
+    const TCliRun clues = RunCli({"export-clues", example(), "-"});
     EXPECT_EQ(clues.code, 0);
     EXPECT_EQ(clues.out, ReadFileBytes(dir.path("s.TXT")));
 }
@@ -49,11 +36,11 @@ TEST(ExportCommands, FailuresEndWithTheirCodesAndWriteNothing)
 {
     const TScratchDir dir;
     WriteFileBytes(dir.path("bad.xwd"), "not a puzzle");
-    EXPECT_EQ(cli({"export-eps", example()}).code, 1);
-    EXPECT_EQ(cli({"export-picture", "--kind", "pretty", example(), dir.path("p.png")}).code, 1);
-    EXPECT_EQ(cli({"export-picture", "--kind", "answers", example(), dir.path("p.gif")}).code, 1);
-    EXPECT_EQ(cli({"export-wmf", dir.path("bad.xwd"), dir.path("b.wmf")}).code, 2);
-    EXPECT_EQ(cli({"export-eps", example(), dir.path("gone/s.eps")}).code, 3);
-    EXPECT_EQ(cli({"export-rtf", example(), dir.path("gone/s.rtf")}).code, 3);
+    EXPECT_EQ(RunCli({"export-eps", example()}).code, 1);
+    EXPECT_EQ(RunCli({"export-picture", "--kind", "pretty", example(), dir.path("p.png")}).code, 1);
+    EXPECT_EQ(RunCli({"export-picture", "--kind", "answers", example(), dir.path("p.gif")}).code, 1);
+    EXPECT_EQ(RunCli({"export-wmf", dir.path("bad.xwd"), dir.path("b.wmf")}).code, 2);
+    EXPECT_EQ(RunCli({"export-eps", example(), dir.path("gone/s.eps")}).code, 3);
+    EXPECT_EQ(RunCli({"export-rtf", example(), dir.path("gone/s.rtf")}).code, 3);
     EXPECT_EQ(QDir(dir.path("")).entryList(QDir::Files), QStringList{"bad.xwd"});
 }

@@ -1,29 +1,16 @@
 #include "model/puzzlefile.h"
 #include "model/puzzletext.h"
+#include "clirun.h"
 #include "testsupport.h"
 
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 
 #include <gtest/gtest.h>
 
 namespace {
-
-struct TCliRun {
-    int code;
-    QByteArray out;
-};
-
-TCliRun cli(const QStringList &args)
-{
-    QProcess p;
-    p.start(QStringLiteral(QUILLMARK_CLI), args);
-    EXPECT_TRUE(p.waitForFinished(30000));
-    return {p.exitCode(), p.readAllStandardOutput()};
-}
 
 // ÉTÉS holds a Windows-1252 letter; it reads the same after a flip, so its clue stays.
 QString writeFixture(const TScratchDir &dir)
@@ -42,7 +29,7 @@ QString writeFixture(const TScratchDir &dir)
 TEST(InspectCli, AnalyzeJsonHasEveryStatisticAndAllLetters)
 {
     TScratchDir dir;
-    const TCliRun r = cli({"analyze", "--json", writeFixture(dir)});
+    const TCliRun r = RunCli({"analyze", "--json", writeFixture(dir)});
     ASSERT_EQ(r.code, 0);
     const QJsonObject o = QJsonDocument::fromJson(r.out).object();
     EXPECT_EQ(o["identifier"].toString(), QString::fromUtf8("ÉTÉS - CAT    11x"));
@@ -58,7 +45,7 @@ TEST(InspectCli, AnalyzeJsonHasEveryStatisticAndAllLetters)
 TEST(InspectCli, ScanForDecodesTheGridAndUpperCasesTheText)
 {
     TScratchDir dir;
-    const TCliRun r = cli({"scan", "--for", QString::fromUtf8("tés"), "--json", writeFixture(dir)});
+    const TCliRun r = RunCli({"scan", "--for", QString::fromUtf8("tés"), "--json", writeFixture(dir)});
     ASSERT_EQ(r.code, 0);
     const QJsonArray items = QJsonDocument::fromJson(r.out).object()["items"].toArray();
     ASSERT_EQ(items.size(), 2);
@@ -73,17 +60,17 @@ TEST(InspectCli, TransformWritesTheTurnedGridAndFailuresWriteNothing)
     TScratchDir dir;
     const QString in = writeFixture(dir);
     const QString out = dir.path("out.xwd");
-    ASSERT_EQ(cli({"transform", "flip", in, out}).code, 0);
+    ASSERT_EQ(RunCli({"transform", "flip", in, out}).code, 0);
     const TPuzzle flipped = DecodePuzzle(ReadFileBytes(out));
     EXPECT_EQ(flipped.Cells(1, 11), uint8_t(0xC9));
     EXPECT_EQ(flipped.clue(flipped.slotAt(1, 11, Direction::Across)), "Summers");
 
     const QString none = dir.path("none.xwd");
-    EXPECT_EQ(cli({"transform", "spin", in, none}).code, 1);
-    EXPECT_EQ(cli({"scan", "--json", in}).code, 1);
+    EXPECT_EQ(RunCli({"transform", "spin", in, none}).code, 1);
+    EXPECT_EQ(RunCli({"scan", "--json", in}).code, 1);
     WriteFileBytes(dir.path("bad.xwd"), "not a puzzle");
-    EXPECT_EQ(cli({"transform", "invert", dir.path("bad.xwd"), none}).code, 2);
-    EXPECT_EQ(cli({"analyze", dir.path("bad.xwd")}).code, 2);
-    EXPECT_EQ(cli({"transform", "rotate", in, dir.path("no/such/folder/out.xwd")}).code, 3);
+    EXPECT_EQ(RunCli({"transform", "invert", dir.path("bad.xwd"), none}).code, 2);
+    EXPECT_EQ(RunCli({"analyze", dir.path("bad.xwd")}).code, 2);
+    EXPECT_EQ(RunCli({"transform", "rotate", in, dir.path("no/such/folder/out.xwd")}).code, 3);
     EXPECT_FALSE(QFile::exists(none));
 }

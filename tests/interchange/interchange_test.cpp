@@ -9,9 +9,9 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QRandomGenerator>
 
+#include "clirun.h"
 #include "testsupport.h"
 
 #include <gtest/gtest.h>
@@ -240,42 +240,25 @@ TEST(Interchange, IpuzShapesAndStylesHaveASafeReading)
     EXPECT_TRUE(refusal(QJsonDocument(o).toJson(), TFileKind::Ipuz).contains(u"numbered 7"));
 }
 
-namespace {
-
-struct TRun {
-    int Code;
-    QString Err;
-};
-
-TRun cli(const QStringList &args)
-{
-    QProcess p;
-    p.start(QStringLiteral(QUILLMARK_CLI), args);
-    EXPECT_TRUE(p.waitForFinished(30000));
-    return {p.exitCode(), QString::fromUtf8(p.readAllStandardError())};
-}
-
-}  // namespace
-
 TEST(Interchange, TheCommandLineConvertsByExtensionAndWritesNothingOnFailure)
 {
     const TScratchDir dir;
     const QString finished = QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd");
     const QString unfinished = QStringLiteral(QUILLMARK_EXAMPLES "/harbour-lights.xwd");
-    EXPECT_EQ(cli({"convert", finished, dir.path("s.puz")}).Code, 0);
-    EXPECT_EQ(cli({"convert", dir.path("s.puz"), dir.path("s.ipuz")}).Code, 0);
-    EXPECT_EQ(cli({"convert", dir.path("s.ipuz"), dir.path("s.xwd")}).Code, 0);
+    EXPECT_EQ(RunCli({"convert", finished, dir.path("s.puz")}).code, 0);
+    EXPECT_EQ(RunCli({"convert", dir.path("s.puz"), dir.path("s.ipuz")}).code, 0);
+    EXPECT_EQ(RunCli({"convert", dir.path("s.ipuz"), dir.path("s.xwd")}).code, 0);
     expectSameContent(LoadPuzzleFile(finished).Puzzle, LoadPuzzleFile(dir.path("s.xwd")).Puzzle);
     EXPECT_EQ(QJsonDocument::fromJson(ReadFileBytes(dir.path("s.ipuz"))).object().value(u"title").toString(), u"s");
-    EXPECT_EQ(cli({"info", dir.path("s.puz")}).Code, 0);
+    EXPECT_EQ(RunCli({"info", dir.path("s.puz")}).code, 0);
 
-    const TRun refused = cli({"convert", unfinished, dir.path("h.puz")});
-    EXPECT_EQ(refused.Code, 3);
-    EXPECT_TRUE(refused.Err.contains(u"not finished"));
+    const TCliRun refused = RunCli({"convert", unfinished, dir.path("h.puz")});
+    EXPECT_EQ(refused.code, 3);
+    EXPECT_TRUE(refused.err.contains(u"not finished"));
     EXPECT_FALSE(QFile::exists(dir.path("h.puz")));
 
     ASSERT_TRUE(WriteFileBytes(dir.path("bad.puz"), ReadFileBytes(dir.path("s.puz")).left(200)));
-    EXPECT_EQ(cli({"convert", dir.path("bad.puz"), dir.path("bad.xwd")}).Code, 2);
+    EXPECT_EQ(RunCli({"convert", dir.path("bad.puz"), dir.path("bad.xwd")}).code, 2);
     EXPECT_FALSE(QFile::exists(dir.path("bad.xwd")));
-    EXPECT_EQ(cli({"convert", "--version5", finished, dir.path("v5.puz")}).Code, 1);
+    EXPECT_EQ(RunCli({"convert", "--version5", finished, dir.path("v5.puz")}).code, 1);
 }

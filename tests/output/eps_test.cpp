@@ -46,49 +46,6 @@ QImage renderEps(const TScratchDir &dir, const QByteArray &eps)
 
 }  // namespace
 
-TEST(EpsExport, NumberedElevenGridIsWrittenLineForLine)
-{
-    QByteArray expected =
-        "%!PS-Adobe-3.0 EPSF-3.0\r\n"
-        "%%Copyright: Quillmark grid; the puzzle belongs to its constructor\r\n"
-        "%%Creator: Quillmark for Windows v6.0\r\n"
-        "%%CreationDate: 21/01/2003\r\n"
-        "%%Title: PUZZLE.eps\r\n"
-        "%%BoundingBox: 178 268 433 523\r\n"
-        "/rl {rlineto} def\r\n/mv {moveto} def\r\n/cp {closepath} def\r\n/sh {show} def\r\n/rm {rmoveto} def\r\n"
-        "/wb {/x x 23 add def x y mv 23 0 rl 0 -23 rl -23 0 rl cp stroke} def\r\n"
-        "/bb {wb x y mv 23 0 rl 0 -23 rl -23 0 rl cp fill} def\r\n"
-        "/nb {wb x y mv 2 -10 rm} def\r\n"
-        "/nc {/x xx def /y y 23 sub def} def\r\n"
-        "/xx 156 def /x 156 def /y 545 def\r\n"
-        "2 setlinewidth\r\n"
-        "178 523 mv 255 0 rl 0 -255 rl -255 0 rl cp stroke\r\n"
-        "179 522 mv\r\n"
-        "1 setlinewidth\r\n"
-        "/Helvetica-Narrow-Bold findfont 10 scalefont setfont\r\n"
-        "nc bb nb (1) sh nb (2) sh nb (3) sh nb (4) sh nb (5) sh nb (6) sh nb (7) sh nb (8) sh nb (9) sh nb (10) sh\r\n"
-        "nc nb (11) sh wb wb wb wb wb wb wb wb wb wb\r\n";
-    for (int n = 12; n <= 20; ++n)
-        expected += "nc nb (" + QByteArray::number(n) + ") sh wb wb wb wb wb wb wb wb wb wb\r\n";
-    expected += "showpage\r\n%%EndDocument\r\n";
-    EXPECT_EQ(EpsGridText(openEleven(), GridKind::NumberedGrid, EpsStyle::Regular, "/any/PUZZLE.eps", "21/01/2003"),
-              expected);
-}
-
-TEST(EpsExport, LightFifteenHasNoFrameAndTheFramesBoundingBox)
-{
-    const TPuzzle p = PuzzleFrom(QStringLiteral("size 15\ngrid\n") + QStringLiteral("...............\n").repeated(15));
-    const QList<QByteArray> l = lines(EpsGridText(p, GridKind::NumberedGrid, EpsStyle::Light, "/d/P.eps", "x"));
-    EXPECT_EQ(l[4], "%%Title: P.eps [light]");
-    EXPECT_EQ(l[5], "%%BoundingBox: 132 222 479 569");
-    EXPECT_EQ(l[13], "/nb {wb x y mv 2 -8 rm} def");
-    EXPECT_EQ(l[15], "/xx 110 def /x 110 def /y 591 def");
-    EXPECT_EQ(l[16], "133 568 mv");
-    EXPECT_EQ(l[17], ".5 setlinewidth");
-    EXPECT_EQ(l[18], "/Helvetica findfont 9 scalefont setfont");
-    EXPECT_FALSE(l.contains("2 setlinewidth"));
-}
-
 TEST(EpsExport, AnswerGridMarksIAndWAndWritesEveryOtherSquareAsALetterBox)
 {
     QString text = QStringLiteral("size 11\ngrid\nIWA#.......\n");

@@ -1,6 +1,7 @@
 #include "model/cp1252.h"
 #include "model/puzzlefile.h"
 #include "output/pagelayout.h"
+#include "output/printsettings.h"
 #include "settings/txwdprocs.h"
 #include "testsupport.h"
 
@@ -66,9 +67,12 @@ int textWidth(const TPageObject &o, const QString &text)
     return QFontMetrics(o.Font, &device).horizontalAdvance(text);
 }
 
+// The pages read nothing but the job: a stored setting changes nothing until the job is
+// filled from the settings.
 class PageLayout : public ::testing::Test {
 protected:
     void SetUp() override { ResetSettings(); }
+    void TearDown() override { ResetSettings(); }
 };
 
 }  // namespace
@@ -109,7 +113,9 @@ TEST_F(PageLayout, DefinitionsOnTheRightPutAnswersAtTheLeftMargin)
     const QString firstAnswer = FromCp1252(p.GetWord(1, 1, 'a'));
     for (const bool left : {true, false}) {
         WriteSetting(QStringLiteral("DefsOnLeft"), left ? 1 : 0);
-        const TPage page = ComposePages(p, jobOf(TPageFormat::Manuscript)).first();
+        TPrintJob job = jobOf(TPageFormat::Manuscript);
+        ReadPrintSettings(job);
+        const TPage page = ComposePages(p, job).first();
         const TPageObject *across = findText(page, QStringLiteral("ACROSS"));
         const TPageObject *answer = findText(page, firstAnswer);
         ASSERT_TRUE(across && answer);

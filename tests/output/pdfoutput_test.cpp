@@ -10,6 +10,8 @@
 #include <QProcess>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 // poppler's tools read back what the PDF writer wrote.
@@ -87,21 +89,56 @@ TEST_F(PdfOutput, LetterPagesCountedPerFormatWithTitleAndSubject)
     }
 }
 
+// The expected lines come from the sample's source text: the numbers its author gave the
+// clues, the answers cut from its grid rows and columns at the black squares.
 TEST_F(PdfOutput, ManuscriptTextHoldsEveryNumberAndAnswer)
 {
-    const TPuzzle p = example();
+    QFile source(QStringLiteral(QUILLMARK_EXAMPLES "/sources/sunday-stroll.txt"));
+    ASSERT_TRUE(source.open(QIODevice::ReadOnly | QIODevice::Text));
+    QStringList rows;
+    QList<int> numbers[2];  // across, down
+    QString section;
+    for (const QString &line : QString::fromUtf8(source.readAll()).split(u'\n')) {
+        if (line == u"grid" || line == u"clues")
+            section = line;
+        else if (section == u"grid" && !line.isEmpty())
+            rows.append(line);
+        else if (section == u"clues" && !line.isEmpty()) {
+            const QString label = line.section(u' ', 0, 0);  // "12A"
+            numbers[label.endsWith(u'D')].append(label.chopped(1).toInt());
+        }
+    }
+    std::sort(numbers[0].begin(), numbers[0].end());
+    std::sort(numbers[1].begin(), numbers[1].end());
+    QStringList answers[2];
+    for (const QString &row : rows)
+        for (const QString &word : row.split(u'#'))
+            if (word.size() > 1)
+                answers[0].append(word);
+    // Down words in reading order of their first letters.
+    for (int r = 0; r < rows.size(); ++r)
+        for (int c = 0; c < rows.size(); ++c) {
+            QString word;
+            for (int k = r; k < rows.size() && rows[k][c] != u'#'; ++k)
+                word += rows[k][c];
+            if ((r == 0 || rows[r - 1][c] == u'#') && word.size() > 1)
+                answers[1].append(word);
+        }
+
     const QString path = dir.path(QStringLiteral("ms.pdf"));
-    PrintToPdf(p, job({TPageFormat::Manuscript}), path);
+    PrintToPdf(example(), job({TPageFormat::Manuscript}), path);
     const QString text = run(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
     for (const QString &s : {QStringLiteral("Sunday Stroll"), QStringLiteral("Page 1"), QStringLiteral("ACROSS"),
                              QStringLiteral("DOWN")})
         EXPECT_TRUE(text.contains(s)) << s.toStdString();
-    const TGridArray<int> numbers = SquareNumbers(p);
-    for (const TWordRef &w : WordsInSlotOrder(p)) {
-        const QString answer = FromCp1252(p.GetWord(w.Column, w.Row, char(w.Dir)));
-        const QRegularExpression line(QStringLiteral("(^|\\s)%1\\s.*\\s%2\\s*$").arg(numbers(w.Column, w.Row)).arg(answer),
-                                      QRegularExpression::MultilineOption);
-        EXPECT_TRUE(line.match(text).hasMatch()) << w.Number << " " << answer.toStdString();
+    for (int d = 0; d < 2; ++d) {
+        ASSERT_EQ(numbers[d].size(), answers[d].size());
+        for (int i = 0; i < numbers[d].size(); ++i) {
+            const QRegularExpression line(
+                QStringLiteral("(^|\\s)%1\\s.*\\s%2\\s*$").arg(numbers[d][i]).arg(answers[d][i]),
+                QRegularExpression::MultilineOption);
+            EXPECT_TRUE(line.match(text).hasMatch()) << numbers[d][i] << (d ? "D " : "A ") << answers[d][i].toStdString();
+        }
     }
 }
 

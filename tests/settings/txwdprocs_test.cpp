@@ -4,9 +4,12 @@
 #include "testsupport.h"
 
 #include <QElapsedTimer>
+#include <QRect>
 #include <QSettings>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 class SettingsStore : public ::testing::Test {
 protected:
@@ -45,17 +48,58 @@ TEST_F(SettingsStore, GarbageReadsAsTheDefaultInEveryReader)
     EXPECT_EQ(sounds.typeId(), QMetaType::Int);
     EXPECT_EQ(sounds.toInt(), 1);
     EXPECT_EQ(ReadInt(QStringLiteral("ScreenSquare"), 31), 31);
-    EXPECT_EQ(ReadColorSetting(QStringLiteral("HiliteSqColor"), QStringLiteral("clYellow")), QColor(255, 255, 0));
+    EXPECT_EQ(ReadColorSetting(Setting::HiliteSqColor), QColor(255, 255, 0));
 
-    const TFontSetting status =
-        ReadFontSetting(QStringLiteral("Status"), {QStringLiteral("Times New Roman"), 11, 1, QStringLiteral("clNavy")});
+    const TFontSetting status = ReadFontSetting(Setting::StatusFont);
     EXPECT_EQ(status.Font.pointSize(), 11);
     EXPECT_TRUE(status.Font.bold());
     EXPECT_EQ(status.Color, QColor(0, 0, 128));
 
     WriteSetting(QStringLiteral("StatusFontSize"), -4);
-    EXPECT_EQ(ReadFontSetting(QStringLiteral("Status"), {QStringLiteral("Arial"), 11}).Font.pointSize(), 11)
-        << "a size below one point is no size";
+    EXPECT_EQ(ReadFontSetting(Setting::StatusFont).Font.pointSize(), 11) << "a size below one point is no size";
+}
+
+TEST_F(SettingsStore, AFontIsFourValues)
+{
+    WriteSetting("SolveFontName", QStringLiteral("Courier New"));
+    WriteSetting("SolveFontSize", 14);
+    WriteSetting("SolveFontStyle", 2 | 4 | 8);
+    WriteSetting("SolveFontColor", QStringLiteral("$000000FF"));
+    const TFontSetting solve = ReadFontSetting(Setting::SolveFont);
+    EXPECT_EQ(solve.Font.family(), "Courier New");
+    EXPECT_EQ(solve.Font.pointSize(), 14);
+    EXPECT_FALSE(solve.Font.bold());
+    EXPECT_TRUE(solve.Font.italic() && solve.Font.underline() && solve.Font.strikeOut());
+    EXPECT_EQ(solve.Color, QColor(255, 0, 0)) << "colour references keep red in the low byte";
+}
+
+// What a user who never saved a preference gets, key by key, with the type it is stored as.
+TEST_F(SettingsStore, EveryKeyHasItsDefaultWhenNothingIsStored)
+{
+    const std::pair<const char *, QVariant> expected[] = {
+        {"PlaySounds", 1}, {"UseCursors", 1}, {"Threading", 0}, {"EntryCounts", 0},
+        {"FilledSqColor", "clBlack"}, {"BlankSqColor", "clWhite"}, {"HiliteSqColor", "clYellow"},
+        {"FontName", "Arial"}, {"FontSize", 11}, {"FontStyle", 0}, {"FontColor", "clBlack"},
+        {"Name", ""}, {"Add1", "Address 1"}, {"Add2", "Address 2"}, {"Add3", "Address 3"}, {"Add4", ""},
+        {"DefsOnLeft", 1}, {"PageBottomMargin", 1}, {"DictPath", ""}, {"MailPath", ""},
+        {"SolveFontName", "Times New Roman"}, {"SolveFontSize", 11}, {"SolveFontColor", "clBlack"},
+        {"DefsFontName", "Times New Roman"}, {"DefsFontSize", 10}, {"AutoFontSize", 11},
+        {"StatusFontSize", 11}, {"StatusFontStyle", 1}, {"StatusFontColor", "clNavy"}, {"GridLanguage", 0},
+        {"MSFontName", "Courier New"}, {"MSFontSize", 12}, {"MSFontStyle", 0},
+        {"PPFontName", "Times New Roman"}, {"PPFontSize", 9}, {"PageLength", 1}, {"PrintPPg", 0}, {"PrintGSq", 0},
+        {"ScreenBoundsGrid", ""}, {"CurrentPuzzle", ""}, {"HistoryPuzzle3", ""}, {"BankDataFile", ""},
+    };
+    const QList<TSettingKey> keys = SettingKeys();
+    for (const auto &[name, value] : expected) {
+        const auto key = std::find_if(keys.begin(), keys.end(), [&](const TSettingKey &k) { return k.Name == name; });
+        ASSERT_NE(key, keys.end()) << name << " is in the table";
+        const QVariant read = ReadSetting(key->Name, key->Default);
+        EXPECT_EQ(read.typeId(), value.typeId() == QMetaType::Int ? QMetaType::Int : QMetaType::QString) << name;
+        EXPECT_EQ(read.toString(), value.toString()) << name;
+    }
+    EXPECT_EQ(ReadText(Setting::NameOnPages), "Your Name") << "the printed address block's placeholder";
+    EXPECT_EQ(ReadText(Setting::NameShown), "Quillmark") << "the preferences dialog's placeholder";
+    EXPECT_EQ(ReadInt(Setting::UseCursorsShown), 0) << "the preferences dialog shows cursors off";
 }
 
 TEST_F(SettingsStore, BoundsAreFourNumbersJoinedByCommas)
@@ -64,6 +108,11 @@ TEST_F(SettingsStore, BoundsAreFourNumbersJoinedByCommas)
     EXPECT_EQ(ReadText(QStringLiteral("ScreenBoundsMain")), "10,20,300,400");
     QSettings raw(QStringLiteral("Quillmark32"), QStringLiteral("Quillmark6Demo"));
     EXPECT_EQ(raw.value(QStringLiteral("ScreenBoundsMain")).toString(), "10,20,300,400");
+    EXPECT_EQ(ReadBounds(QStringLiteral("ScreenBoundsMain")), QRect(10, 20, 300, 400));
+
+    EXPECT_EQ(ParseBounds(QStringLiteral("-4, 7,300 ,400")), QRect(-4, 7, 300, 400)) << "spaces around a number";
+    for (const char *unreadable : {"", "15", "1,2,3", "1,2,3,4,5", "1,2,x,4", "1,,3,4"})
+        EXPECT_EQ(ParseBounds(QString::fromLatin1(unreadable)), std::nullopt) << unreadable;
 }
 
 TEST_F(SettingsStore, TheKeyPathCanBeSwitched)

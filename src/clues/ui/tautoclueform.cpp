@@ -156,9 +156,9 @@ void TAutoclueForm::FormShow()
 
 void TAutoclueForm::LoadSettings()
 {
-    ShowCounts = ReadInt(QStringLiteral("EntryCounts"), 0) != 0;
-    Walk.ClueAcrossThenDown = ReadInt(QStringLiteral("Threading"), 0) != 0;
-    const TFontSetting clueFont = ReadFontSetting(QStringLiteral("Auto"), {QStringLiteral("Times New Roman")});
+    ShowCounts = ReadInt(Setting::EntryCounts) != 0;
+    Walk.ClueAcrossThenDown = ReadInt(Setting::Threading) != 0;
+    const TFontSetting clueFont = ReadFontSetting(Setting::AutoFont);
     DefEdit->setFont(clueFont.Font);
     QPalette palette = DefEdit->palette();
     palette.setColor(QPalette::Text, clueFont.Color);
@@ -169,24 +169,17 @@ void TAutoclueForm::LoadSettings()
         DefListForm->LoadFonts();
 
     SetSettingsPath(QString::fromLatin1(ToolsSettingsPath));
-    ClueBar->setVisible(!ReadText(QStringLiteral("BankDataFile")).isEmpty());
+    ClueBar->setVisible(!ReadText(Setting::BankDataFile).isEmpty());
     SetSettingsPath(AutoclueSettingsPath);
 }
 
 void TAutoclueForm::place()
 {
-    const QStringList parts = ReadText(QStringLiteral("ScreenBoundsAutoclue")).split(u',');
-    if (parts.size() == 4) {
-        int bounds[4];
-        bool ok = true;
-        for (int i = 0; i < 4 && ok; ++i)
-            bounds[i] = parts[i].trimmed().toInt(&ok);
-        if (ok) {
-            move(bounds[0], bounds[1]);
-            resize(bounds[2], bounds[3]);
-            FormResize();
-            return;
-        }
+    if (const std::optional<QRect> bounds = ReadBounds(Setting::ScreenBoundsAutoclue.Name)) {
+        move(bounds->topLeft());
+        resize(bounds->size());
+        FormResize();
+        return;
     }
     const QScreen *screen = this->screen() ? this->screen() : QGuiApplication::primaryScreen();
     const QRect area = screen ? screen->geometry() : QRect(0, 0, 1024, 768);
@@ -439,7 +432,7 @@ void TAutoclueForm::resizeEvent(QResizeEvent *event)
 
 void TAutoclueForm::closeEvent(QCloseEvent *event)
 {
-    WriteBounds(QStringLiteral("ScreenBoundsAutoclue"), x(), y(), width(), height());
+    WriteBounds(Setting::ScreenBoundsAutoclue.Name, x(), y(), width(), height());
     releaseCompanions();
     event->accept();
 }

@@ -91,7 +91,7 @@ void TBylineForm::NobyChkClick()
         return;
     }
     BylineEdit->setReadOnly(false);
-    showText(ReadText(QStringLiteral("Name")).left(MaxBylineLength));
+    showText(ReadText(Setting::Name).left(MaxBylineLength));
     BylineEdit->setFocus();
 }
 

@@ -123,7 +123,7 @@ void TDefListForm::placeByAutoclue()
 void TDefListForm::LoadFonts()
 {
     const TFontSetting font =
-        ReadFontSetting(QStringLiteral("Defs"), {QStringLiteral("Times New Roman"), 10, 0, QStringLiteral("clBlack")});
+        ReadFontSetting(Setting::DefsFont);
     for (QListWidget *list : {AcrList, DwnList}) {
         list->setFont(font.Font);
         QPalette palette = list->palette();

@@ -1,6 +1,7 @@
 #include "mainwindow/ui/txwdmainform.h"
 
 #include "clues/ui/tautoclueform.h"
+#include "clues/byline.h"
 #include "clues/ui/tbylineform.h"
 #include "inspect/ui/inspectcommands.h"
 #include "interchange/ui/interchangecommands.h"
@@ -377,13 +378,12 @@ void TXwdMainForm::updateActions()
 
 void TXwdMainForm::ReadOwnSettings()
 {
-    const TFontSetting status =
-        ReadFontSetting(QStringLiteral("Status"), {QStringLiteral("Times New Roman"), 11, 1, QStringLiteral("clNavy")});
+    const TFontSetting status = ReadFontSetting(Setting::StatusFont);
     DataMemo->setFont(status.Font);
     QPalette palette = DataMemo->palette();
     palette.setColor(QPalette::Text, status.Color);
     DataMemo->setPalette(palette);
-    PlaySounds = ReadInt(QStringLiteral("PlaySounds"), 1);
+    PlaySounds = ReadInt(Setting::PlaySounds);
 }
 
 void TXwdMainForm::FormShow(const QStringList &arguments)
@@ -455,13 +455,7 @@ void TXwdMainForm::PuzzleOpened()
     if (solvingNow) {
         SymmetryBtn->setIcon(Glyph(QStringLiteral("OFFSYMMETRY")));
         ModeLabel->clear();
-        const QByteArray byline = Puzzle.Byline.text();
-        if (byline.isEmpty())
-            Byline->setText(QStringLiteral("a Quillmark puzzle"));
-        else if (byline == "--")
-            Byline->clear();
-        else
-            Byline->setText((QStringLiteral("by ") + FromCp1252(byline)).left(63));
+        Byline->setText(BylineCaption(Puzzle));
     } else {
         Byline->clear();
         LettersBtn->setChecked(true);

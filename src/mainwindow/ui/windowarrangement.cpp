@@ -16,17 +16,7 @@ namespace {
 
 std::optional<QRect> boundsFromSetting(const QString &name)
 {
-    const QStringList parts = ReadText(name).split(u',');
-    if (parts.size() < 4)
-        return std::nullopt;
-    int values[4];
-    for (int i = 0; i < 4; ++i) {
-        bool ok = false;
-        values[i] = parts[i].trimmed().toInt(&ok);
-        if (!ok)
-            return std::nullopt;
-    }
-    return QRect(values[0], values[1], values[2], values[3]);
+    return ReadBounds(name);
 }
 
 void writeBoundsOf(const QString &name, const QWidget *window)

@@ -8,7 +8,7 @@
 #include "model/puzzle.h"
 #include "output/ui/tpreviewform.h"
 #include "output/ui/txwdprintform.h"
-#include "settings/txwdprocs.h"
+#include "output/printsettings.h"
 #include "views/ui/txwdgridform.h"
 
 #include <QAction>
@@ -31,7 +31,8 @@ void Print1Click(TXwdMainForm *form)
     if (PuzzleMode == SolveMode) {
         TPrintJob job;
         job.Title = TitleForPuzzlePath(CurrentPuzzlePath);
-        job.BlockColor = BlockColorFor(ReadInt(QStringLiteral("PrintGSq"), 0) != 0);
+        job.BlockColor = BlockColorFor(ReadGraySquares());
+        ReadPrintSettings(job);
         job.set(TPageFormat::PuzzlePage, true);
         if (InfoWin)
             InfoWin->ShowProgress(TInfoWin::Printing, QPoint(35, 35) + (XwdGridForm ? XwdGridForm->pos() : QPoint()));

@@ -7,6 +7,7 @@
 #include "model/puzzle.h"
 #include "model/puzzlefile.h"
 #include "output/pdfoutput.h"
+#include "output/printsettings.h"
 #include "output/ui/tpreviewform.h"
 #include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
@@ -45,17 +46,18 @@ private:
     std::function<void(QWidget *)> paint_;
 };
 
-int styleBits(const QFont &font)
+QFont sampleFont(const TFontKeys &keys, int step)
 {
-    return (font.bold() ? 1 : 0) | (font.italic() ? 2 : 0) | (font.underline() ? 4 : 0) | (font.strikeOut() ? 8 : 0);
+    const TPageFontChoice choice = ReadPageFont(keys);
+    QFont font(choice.Name);
+    font.setPointSize(std::max(1, choice.Size + step));
+    ApplyFontStyle(font, choice.Style);
+    return font;
 }
 
-QFont sampleFont(const QString &prefix, const QString &name, int size, int step)
+TPageFontChoice choiceOf(const QFont &font, int step)
 {
-    QFont font(ReadText(prefix + QStringLiteral("FontName"), name));
-    font.setPointSize(std::max(1, ReadInt(prefix + QStringLiteral("FontSize"), size) + step));
-    ApplyFontStyle(font, ReadInt(prefix + QStringLiteral("FontStyle"), 0));
-    return font;
+    return {font.family(), font.pointSize() - step, FontStyleBits(font)};
 }
 
 QCheckBox *checkBox(const char *name, const QString &caption, QWidget *parent)
@@ -77,12 +79,12 @@ QPushButton *button(const char *name, const QString &caption, QWidget *parent)
 
 QFont ManuscriptSampleFont()
 {
-    return sampleFont(QStringLiteral("MS"), QStringLiteral("Courier New"), 12, 0);
+    return sampleFont(Setting::ManuscriptFont, 0);
 }
 
 QFont PuzzlePageSampleFont()
 {
-    return sampleFont(QStringLiteral("PP"), QStringLiteral("Times New Roman"), 9, PuzzlePageSizeStep(Puzzle.Size));
+    return sampleFont(Setting::PuzzlePageFont, PuzzlePageSizeStep(Puzzle.Size));
 }
 
 TXwdPrintForm::TXwdPrintForm(TPreviewForm *preview, QWidget *parent) : QDialog(parent), preview_(preview)
@@ -192,8 +194,8 @@ void TXwdPrintForm::showEvent(QShowEvent *event)
 void TXwdPrintForm::FormShow()
 {
     for (int f = 0; f < PageFormatCount; ++f)
-        formatBox(TPageFormat(f))->setChecked(ReadInt(FormatSettingKey(TPageFormat(f)), 0) != 0);
-    GrayChk->setChecked(ReadInt(QStringLiteral("PrintGSq"), 0) != 0);
+        formatBox(TPageFormat(f))->setChecked(ReadInt(Setting::PrintFormats[f]) != 0);
+    GrayChk->setChecked(ReadGraySquares());
     DefChk->setChecked(false);
     if (TitleEdit->text().isEmpty())
         TitleEdit->setText(TitleForPuzzlePath(CurrentPuzzlePath));
@@ -225,6 +227,7 @@ TPrintJob TXwdPrintForm::Job() const
     job.BlockColor = BlockColorFor(GrayChk->isChecked());
     job.SpecText = PuzzleSpecText;
     job.PrintByline = ByChk->isChecked();
+    ReadPrintSettings(job);
     for (int f = 0; f < PageFormatCount; ++f)
         job.Formats[f] = formatBox(TPageFormat(f))->isChecked();
     return job;
@@ -291,8 +294,8 @@ void TXwdPrintForm::DefChkClick()
     if (!DefChk->isChecked())
         return;
     for (int f = 0; f < PageFormatCount; ++f)
-        WriteSetting(FormatSettingKey(TPageFormat(f)), formatBox(TPageFormat(f))->isChecked() ? 1 : 0);
-    WriteSetting(QStringLiteral("PrintGSq"), GrayChk->isChecked() ? 1 : 0);
+        WriteSetting(Setting::PrintFormats[f], formatBox(TPageFormat(f))->isChecked() ? 1 : 0);
+    WriteSetting(Setting::PrintGSq, GrayChk->isChecked() ? 1 : 0);
 }
 
 void TXwdPrintForm::MSTextBtnClick()
@@ -300,9 +303,7 @@ void TXwdPrintForm::MSTextBtnClick()
     const std::optional<QFont> font = Dialogs().ChooseFont(this, ManuscriptSampleFont());
     if (!font)
         return;
-    WriteSetting(QStringLiteral("MSFontName"), font->family());
-    WriteSetting(QStringLiteral("MSFontStyle"), styleBits(*font));
-    WriteSetting(QStringLiteral("MSFontSize"), font->pointSize());
+    WritePageFont(Setting::ManuscriptFont, choiceOf(*font, 0));
     MSLayout->update();
 }
 
@@ -311,20 +312,14 @@ void TXwdPrintForm::PPTextBtnClick()
     const std::optional<QFont> font = Dialogs().ChooseFont(this, PuzzlePageSampleFont());
     if (!font)
         return;
-    WriteSetting(QStringLiteral("PPFontName"), font->family());
-    WriteSetting(QStringLiteral("PPFontStyle"), styleBits(*font));
-    WriteSetting(QStringLiteral("PPFontSize"), font->pointSize() - PuzzlePageSizeStep(Puzzle.Size));
+    WritePageFont(Setting::PuzzlePageFont, choiceOf(*font, PuzzlePageSizeStep(Puzzle.Size)));
     PPLayout->update();
 }
 
 void TXwdPrintForm::ResetBtnClick()
 {
-    WriteSetting(QStringLiteral("MSFontName"), QStringLiteral("Courier New"));
-    WriteSetting(QStringLiteral("MSFontStyle"), 0);
-    WriteSetting(QStringLiteral("MSFontSize"), 12);
-    WriteSetting(QStringLiteral("PPFontName"), QStringLiteral("Times New Roman"));
-    WriteSetting(QStringLiteral("PPFontStyle"), 0);
-    WriteSetting(QStringLiteral("PPFontSize"), 9);
+    WritePageFont(Setting::ManuscriptFont, DefaultPageFont(Setting::ManuscriptFont));
+    WritePageFont(Setting::PuzzlePageFont, DefaultPageFont(Setting::PuzzlePageFont));
     MSLayout->update();
     PPLayout->update();
     ByChk->setChecked(true);

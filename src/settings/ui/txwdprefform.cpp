@@ -46,53 +46,24 @@ struct TPathRow {
     const char *Edit;
     const char *Button;
     const char *Caption;
-    const char *Setting;
+    const TSettingKey *Setting;
     const char *FileName;
     const char *Title;
     const char *Filter;
 };
 // In the order the page shows them.
 const TPathRow PathRows[] = {
-    {"DictEdit", "DictBtn", "Dictionary", "DictPath", "*.exe", "Link Dictionary", "Dictionary Files (*.EXE)|*.EXE"},
-    {"ClueEdit", "ClueBtn", "Cluevault", "CluePath", "XwdCluevault.exe", "Link Cluevault",
+    {"DictEdit", "DictBtn", "Dictionary", &Setting::DictPath, "*.exe", "Link Dictionary",
+     "Dictionary Files (*.EXE)|*.EXE"},
+    {"ClueEdit", "ClueBtn", "Cluevault", &Setting::CluePath, "XwdCluevault.exe", "Link Cluevault",
      "Quillmark Cluevault (*.EXE)|*.EXE"},
-    {"PadEdit", "PadBtn", "Scratchpad", "ScraPath", "*.exe", "Link Text Editor", "Editor Files (*.EXE)|*.EXE"},
-    {"MailEdit", "MailBtn", "Postrunner", "MailPath", "Postrunner.exe", "Link Postrunner",
+    {"PadEdit", "PadBtn", "Scratchpad", &Setting::ScraPath, "*.exe", "Link Text Editor", "Editor Files (*.EXE)|*.EXE"},
+    {"MailEdit", "MailBtn", "Postrunner", &Setting::MailPath, "Postrunner.exe", "Link Postrunner",
      "Quillmark Postrunner (*.EXE)|*.EXE"},
-    {"ThesEdit", "ThesBtn", "Thesaurus", "ThesPath", "*.exe", "Link Thesaurus", "Thesaurus Files (*.EXE)|*.EXE"},
+    {"ThesEdit", "ThesBtn", "Thesaurus", &Setting::ThesPath, "*.exe", "Link Thesaurus",
+     "Thesaurus Files (*.EXE)|*.EXE"},
 };
 
-struct TSampleFont {
-    const char *Prefix;
-    TFontDefaults Defaults;
-};
-const TSampleFont SolveDefaults{"Solve", {QStringLiteral("Times New Roman"), 11, 0, QStringLiteral("clBlack")}};
-const TSampleFont DefsDefaults{"Defs", {QStringLiteral("Times New Roman"), 10, 0, QStringLiteral("clBlack")}};
-const TSampleFont AutoDefaults{"Auto", {QStringLiteral("Times New Roman"), 11, 0, QStringLiteral("clBlack")}};
-const TSampleFont StatusDefaults{"Status", {QStringLiteral("Times New Roman"), 11, 1, QStringLiteral("clNavy")}};
-const TSampleFont GridDefaults{"", {QStringLiteral("Arial"), 11, 0, QStringLiteral("clBlack")}};
-
-int fontStyleBits(const QFont &font)
-{
-    return (font.bold() ? 1 : 0) | (font.italic() ? 2 : 0) | (font.underline() ? 4 : 0) | (font.strikeOut() ? 8 : 0);
-}
-
-TFontSetting defaultFont(const TFontDefaults &defaults)
-{
-    TFontSetting font;
-    font.Font = QFont(defaults.Name, defaults.Size);
-    ApplyFontStyle(font.Font, defaults.Style);
-    font.Color = ColorFromSetting(defaults.Color);
-    return font;
-}
-
-void writeFont(const QString &prefix, const TFontSetting &font)
-{
-    WriteSetting(prefix + QStringLiteral("FontName"), font.Font.family());
-    WriteSetting(prefix + QStringLiteral("FontColor"), ColorToSetting(font.Color));
-    WriteSetting(prefix + QStringLiteral("FontSize"), std::max(1, font.Font.pointSize()));
-    WriteSetting(prefix + QStringLiteral("FontStyle"), fontStyleBits(font.Font));
-}
 
 // A widget whose painting and mouse release go to the dialog's handlers.
 class TPaintBox : public QWidget {
@@ -541,44 +512,43 @@ void TXwdPrefForm::FormShow()
 
 void TXwdPrefForm::fillControls()
 {
-    SoundChk->setChecked(ReadInt(QStringLiteral("PlaySounds"), 1) != 0);
-    SpeechChk->setChecked(ReadInt(QStringLiteral("PlaySounds"), 0) == 2);
-    CursorsChk->setChecked(ReadInt(QStringLiteral("UseCursors"), 0) != 0);
-    ThreadChk->setChecked(ReadInt(QStringLiteral("Threading"), 0) != 0);
-    CountsChk->setChecked(ReadInt(QStringLiteral("EntryCounts"), 0) != 0);
+    SoundChk->setChecked(ReadInt(Setting::PlaySounds) != 0);
+    SpeechChk->setChecked(ReadInt(Setting::PlaySounds) == 2);
+    CursorsChk->setChecked(ReadInt(Setting::UseCursorsShown) != 0);
+    ThreadChk->setChecked(ReadInt(Setting::Threading) != 0);
+    CountsChk->setChecked(ReadInt(Setting::EntryCounts) != 0);
 
-    FilledColor = ReadColorSetting(QStringLiteral("FilledSqColor"), QStringLiteral("clBlack"));
-    BlankColor = ReadColorSetting(QStringLiteral("BlankSqColor"), QStringLiteral("clWhite"));
-    HiliteColor = ReadColorSetting(QStringLiteral("HiliteSqColor"), QStringLiteral("clYellow"));
+    FilledColor = ReadColorSetting(Setting::FilledSqColor);
+    BlankColor = ReadColorSetting(Setting::BlankSqColor);
+    HiliteColor = ReadColorSetting(Setting::HiliteSqColor);
     showColours();
-    setSampleFont(GridPad, ReadFontSetting(QString(), GridDefaults.Defaults));
+    setSampleFont(GridPad, ReadFontSetting(Setting::GridFont));
 
     readAddresses();
-    DefLeftChk->setChecked(ReadInt(QStringLiteral("DefsOnLeft"), 1) != 0);
-    UpDown1->setValue(std::clamp(ReadInt(QStringLiteral("PageBottomMargin"), 1), 0, 9));
+    DefLeftChk->setChecked(ReadInt(Setting::DefsOnLeft) != 0);
+    UpDown1->setValue(std::clamp(ReadInt(Setting::PageBottomMargin), 0, 9));
     readPaths();
 
-    setSampleFont(SolveList, ReadFontSetting(QStringLiteral("Solve"), SolveDefaults.Defaults));
-    setSampleFont(DefsList, ReadFontSetting(QStringLiteral("Defs"), DefsDefaults.Defaults));
-    setSampleFont(AutoclueEdit, ReadFontSetting(QStringLiteral("Auto"), AutoDefaults.Defaults));
-    setSampleFont(StatusList, ReadFontSetting(QStringLiteral("Status"), StatusDefaults.Defaults));
+    setSampleFont(SolveList, ReadFontSetting(Setting::SolveFont));
+    setSampleFont(DefsList, ReadFontSetting(Setting::DefsFont));
+    setSampleFont(AutoclueEdit, ReadFontSetting(Setting::AutoFont));
+    setSampleFont(StatusList, ReadFontSetting(Setting::StatusFont));
 
-    if (QAbstractButton *language = LangButtons->button(std::clamp(ReadInt(QStringLiteral("GridLanguage"), 0), 0, 8)))
+    if (QAbstractButton *language = LangButtons->button(std::clamp(ReadInt(Setting::GridLanguage), 0, 8)))
         language->setChecked(true);
 }
 
 void TXwdPrefForm::readAddresses()
 {
-    NameEd->setText(ReadText(QStringLiteral("Name"), QStringLiteral("Quillmark")));
-    for (int i = 1; i <= 4; ++i)
-        AddEds[i - 1]->setText(
-            ReadText(QStringLiteral("Add%1").arg(i), i < 4 ? QStringLiteral("Address %1").arg(i) : QString()));
+    NameEd->setText(ReadText(Setting::NameShown));
+    for (int i = 0; i < 4; ++i)
+        AddEds[i]->setText(ReadText(Setting::Address[i]));
 }
 
 void TXwdPrefForm::readPaths()
 {
     for (int i = 0; i < int(std::size(PathRows)); ++i)
-        PathEdits[i]->setText(ReadText(QString::fromLatin1(PathRows[i].Setting)));
+        PathEdits[i]->setText(ReadText(*PathRows[i].Setting));
 }
 
 void TXwdPrefForm::setSampleFont(QWidget *sample, const TFontSetting &font)
@@ -814,28 +784,28 @@ void TXwdPrefForm::DefaultsBtnClick()
         ArrangeBtnClick();
         break;
     case ViewPage:
-        BlankColor = Qt::white;
-        FilledColor = Qt::black;
-        HiliteColor = Qt::yellow;
+        BlankColor = ColorFromSetting(Setting::BlankSqColor.Default.toString());
+        FilledColor = ColorFromSetting(Setting::FilledSqColor.Default.toString());
+        HiliteColor = ColorFromSetting(Setting::HiliteSqColor.Default.toString());
         showColours();
-        setSampleFont(GridPad, defaultFont(GridDefaults.Defaults));
+        setSampleFont(GridPad, DefaultFontSetting(Setting::GridFont));
         break;
     case PrintPage:
-        UpDown1->setValue(1);
-        DefLeftChk->setChecked(true);
+        UpDown1->setValue(Setting::PageBottomMargin.Default.toInt());
+        DefLeftChk->setChecked(Setting::DefsOnLeft.Default.toInt() != 0);
         readAddresses();
         break;
     case ToolsPage:
         readPaths();
         break;
     case FontsPage:
-        setSampleFont(SolveList, defaultFont(SolveDefaults.Defaults));
-        setSampleFont(DefsList, defaultFont(DefsDefaults.Defaults));
-        setSampleFont(AutoclueEdit, defaultFont(AutoDefaults.Defaults));
-        setSampleFont(StatusList, defaultFont(StatusDefaults.Defaults));
+        setSampleFont(SolveList, DefaultFontSetting(Setting::SolveFont));
+        setSampleFont(DefsList, DefaultFontSetting(Setting::DefsFont));
+        setSampleFont(AutoclueEdit, DefaultFontSetting(Setting::AutoFont));
+        setSampleFont(StatusList, DefaultFontSetting(Setting::StatusFont));
         break;
     case LanguagePage:
-        LangButtons->button(0)->setChecked(true);
+        LangButtons->button(Setting::GridLanguage.Default.toInt())->setChecked(true);
         break;
     }
 }
@@ -845,35 +815,29 @@ void TXwdPrefForm::SaveBtnClick()
     if (ViewChk->isChecked()) {
         if (SaveAllChk->isChecked())
             ArrangeCode = 'c';
-        WriteSetting(QStringLiteral("AutoArrange"), ArrangeCode == 'c' ? 99 : ArrangeCode);
+        WriteSetting(Setting::AutoArrange, ArrangeCode == 'c' ? 99 : ArrangeCode);
     }
-    WriteSetting(QStringLiteral("PlaySounds"), SpeechChk->isChecked() ? 2 : SoundChk->isChecked() ? 1 : 0);
-    WriteSetting(QStringLiteral("UseCursors"), CursorsChk->isChecked() ? 1 : 0);
-    WriteSetting(QStringLiteral("Threading"), ThreadChk->isChecked() ? 1 : 0);
+    WriteSetting(Setting::PlaySounds, SpeechChk->isChecked() ? 2 : SoundChk->isChecked() ? 1 : 0);
+    WriteSetting(Setting::UseCursors, CursorsChk->isChecked() ? 1 : 0);
+    WriteSetting(Setting::Threading, ThreadChk->isChecked() ? 1 : 0);
     // The store keeps booleans as the integers 0 and 1.
-    WriteSetting(QStringLiteral("EntryCounts"), CountsChk->isChecked() ? 1 : 0);
-    WriteSetting(QStringLiteral("FilledSqColor"), ColorToSetting(FilledColor));
-    WriteSetting(QStringLiteral("BlankSqColor"), ColorToSetting(BlankColor));
-    WriteSetting(QStringLiteral("HiliteSqColor"), ColorToSetting(HiliteColor));
-    const TFontSetting grid = fonts_.value(GridPad);
-    WriteSetting(QStringLiteral("FontColor"), ColorToSetting(grid.Color));
-    WriteSetting(QStringLiteral("FontName"), grid.Font.family());
-    WriteSetting(QStringLiteral("FontSize"), std::max(1, grid.Font.pointSize()));
-    WriteSetting(QStringLiteral("FontStyle"), fontStyleBits(grid.Font));
-    WriteSetting(QStringLiteral("Name"), NameEd->text());
-    for (int i = 1; i <= 4; ++i)
-        WriteSetting(QStringLiteral("Add%1").arg(i), AddEds[i - 1]->text());
-    WriteSetting(QStringLiteral("DefsOnLeft"), DefLeftChk->isChecked() ? 1 : 0);
-    WriteSetting(QStringLiteral("PageBottomMargin"), UpDown1->value());
-    for (const char *setting : {"DictPath", "ThesPath", "CluePath", "ScraPath", "MailPath"})
-        for (int i = 0; i < int(std::size(PathRows)); ++i)
-            if (qstrcmp(PathRows[i].Setting, setting) == 0)
-                WriteSetting(QString::fromLatin1(setting), PathEdits[i]->text());
-    writeFont(QStringLiteral("Solve"), fonts_.value(SolveList));
-    writeFont(QStringLiteral("Defs"), fonts_.value(DefsList));
-    writeFont(QStringLiteral("Auto"), fonts_.value(AutoclueEdit));
-    writeFont(QStringLiteral("Status"), fonts_.value(StatusList));
-    WriteSetting(QStringLiteral("GridLanguage"), std::max(0, LangButtons->checkedId()));
+    WriteSetting(Setting::EntryCounts, CountsChk->isChecked() ? 1 : 0);
+    WriteSetting(Setting::FilledSqColor, ColorToSetting(FilledColor));
+    WriteSetting(Setting::BlankSqColor, ColorToSetting(BlankColor));
+    WriteSetting(Setting::HiliteSqColor, ColorToSetting(HiliteColor));
+    WriteFontSetting(Setting::GridFont, fonts_.value(GridPad));
+    WriteSetting(Setting::Name, NameEd->text());
+    for (int i = 0; i < 4; ++i)
+        WriteSetting(Setting::Address[i], AddEds[i]->text());
+    WriteSetting(Setting::DefsOnLeft, DefLeftChk->isChecked() ? 1 : 0);
+    WriteSetting(Setting::PageBottomMargin, UpDown1->value());
+    for (int i = 0; i < int(std::size(PathRows)); ++i)
+        WriteSetting(*PathRows[i].Setting, PathEdits[i]->text());
+    WriteFontSetting(Setting::SolveFont, fonts_.value(SolveList));
+    WriteFontSetting(Setting::DefsFont, fonts_.value(DefsList));
+    WriteFontSetting(Setting::AutoFont, fonts_.value(AutoclueEdit));
+    WriteFontSetting(Setting::StatusFont, fonts_.value(StatusList));
+    WriteSetting(Setting::GridLanguage, std::max(0, LangButtons->checkedId()));
     accept();
 }
 

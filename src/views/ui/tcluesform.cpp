@@ -153,13 +153,13 @@ void TCluesForm::FormShow()
 
 void TCluesForm::LoadFonts()
 {
-    const TFontSetting solveFont = ReadFontSetting(QStringLiteral("Solve"), {QStringLiteral("Times New Roman")});
+    const TFontSetting solveFont = ReadFontSetting(Setting::SolveFont);
     ClueList->setFont(solveFont.Font);
     QPalette palette = ClueList->palette();
     palette.setColor(QPalette::Text, solveFont.Color);
     ClueList->setPalette(palette);
 
-    if (ReadInt(QStringLiteral("UseCursors"), 1) == 1)
+    if (ReadInt(Setting::UseCursors) == 1)
         ClueList->viewport()->setCursor(handCursor_);
     else
         ClueList->viewport()->setCursor(Qt::ArrowCursor);
@@ -167,17 +167,10 @@ void TCluesForm::LoadFonts()
 
 void TCluesForm::place()
 {
-    const QStringList parts = ReadText(QStringLiteral("ScreenBoundsClues")).split(u',');
-    if (parts.size() == 4) {
-        int bounds[4];
-        bool ok = true;
-        for (int i = 0; i < 4 && ok; ++i)
-            bounds[i] = parts[i].trimmed().toInt(&ok);
-        if (ok) {
-            move(bounds[0], bounds[1]);
-            resize(bounds[2], bounds[3]);
-            return;
-        }
+    if (const std::optional<QRect> bounds = ReadBounds(Setting::ScreenBoundsClues.Name)) {
+        move(bounds->topLeft());
+        resize(bounds->size());
+        return;
     }
 
     // Beside the main window: to its left, or to its right when there is no room, and

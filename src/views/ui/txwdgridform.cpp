@@ -128,7 +128,7 @@ int TXwdGridForm::NextSymmetry(bool restart)
 
 void TXwdGridForm::ArrangeFromSettings()
 {
-    move(GridWindowOrigin(ReadText(QStringLiteral("ScreenBoundsGrid"))));
+    move(GridWindowOrigin(ReadText(Setting::ScreenBoundsGrid)));
     const int extent = GridWindowExtent(Puzzle.Size, SquareSize);
     resize(extent, extent);
 }
@@ -163,15 +163,15 @@ void TXwdGridForm::report(const TSolvingStatus &status)
 
 void TXwdGridForm::readAppearance()
 {
-    if (ReadInt(QStringLiteral("UseCursors"), 1) == 1)
+    if (ReadInt(Setting::UseCursors) == 1)
         setCursor(AppCursor(QStringLiteral("PENCIL")));
     else
         setCursor(Qt::ArrowCursor);
-    FilledSqColor = ReadColorSetting(QStringLiteral("FilledSqColor"), QStringLiteral("clBlack"));
-    BlankSqColor = ReadColorSetting(QStringLiteral("BlankSqColor"), QStringLiteral("clWhite"));
-    HiliteSqColor = ReadColorSetting(QStringLiteral("HiliteSqColor"), QStringLiteral("clYellow"));
+    FilledSqColor = ReadColorSetting(Setting::FilledSqColor);
+    BlankSqColor = ReadColorSetting(Setting::BlankSqColor);
+    HiliteSqColor = ReadColorSetting(Setting::HiliteSqColor);
     // The size is scaled to the squares when they are known.
-    const TFontSetting letters = ReadFontSetting(QString(), {QStringLiteral("Arial")});
+    const TFontSetting letters = ReadFontSetting(Setting::GridFont);
     fontColor_ = letters.Color;
     setFont(letters.Font);
 }
@@ -179,7 +179,7 @@ void TXwdGridForm::readAppearance()
 void TXwdGridForm::applyFontSize()
 {
     QFont letters = font();
-    letters.setPointSize(ScaledFontSize(ReadInt(QStringLiteral("FontSize"), 11), SquareSize, maxSquareSize()));
+    letters.setPointSize(ScaledFontSize(ReadInt(Setting::GridFont.sizeKey()), SquareSize, maxSquareSize()));
     setFont(letters);
 }
 
@@ -197,7 +197,7 @@ void TXwdGridForm::FormShow()
     readAppearance();
     Editor.LoadGridCharSet();
     Editor.Cheated = false;
-    const int square = ReadInt(QStringLiteral("ScreenSquare"), maxSquareSize());
+    const int square = ReadInt(Setting::ScreenSquare.Name, maxSquareSize());
     SquareSize = square >= 1 ? square : maxSquareSize();
     applyFontSize();
     ArrangeFromSettings();

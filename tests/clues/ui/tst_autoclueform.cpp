@@ -6,9 +6,9 @@
 #include "mainwindow/ui/tprogram.h"
 #include "mainwindow/ui/tsoundfx.h"
 #include "mainwindow/ui/txwdmainform.h"
-#include "scripteddialogs.h"
 #include "settings/txwdprocs.h"
 #include "uitestmain.h"
+#include "windowtest.h"
 #include "views/gridgeometry.h"
 #include "views/ui/txwdgridform.h"
 
@@ -30,20 +30,15 @@ const QString Full = QStringLiteral("size 5\ngrid\nABC#D\nEFG#H\nIJKLM\nN#O#P\nQ
 
 }  // namespace
 
-class TestAutoclueForm : public QObject {
+class TestAutoclueForm : public QObject, TWindowTest {
     Q_OBJECT
 
-private:
-    std::unique_ptr<TDialogScript> dialogs;
-    std::unique_ptr<TProgram> program;
     TAutoclueForm *form = nullptr;
 
     void start(const QString &puzzle)
     {
         Puzzle = PuzzleFrom(puzzle);
-        PuzzleMode = ConstructMode;
-        program = std::make_unique<TProgram>();
-        program->Start({});
+        startProgram();
         form = AutoclueForm ? AutoclueForm : new TAutoclueForm(program->MainForm);
     }
     void openAutoclue()
@@ -56,19 +51,9 @@ private:
     QList<int> sounds() const { return program->SoundFX->Played(); }
 
 private slots:
-    void init()
-    {
-        ResetSettings();
-        WriteSetting(QStringLiteral("ScreenSquare"), 30);
-        PuzzleChanged = false;
-        dialogs = std::make_unique<TDialogScript>();
-    }
+    void init() { setUpWindowTest(30); }
 
-    void cleanup()
-    {
-        program.reset();
-        dialogs.reset();
-    }
+    void cleanup() { tearDownWindowTest(); }
 
     void anUnfinishedGridAsksFirst()
     {

@@ -8,9 +8,9 @@
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/tprogram.h"
 #include "mainwindow/ui/txwdmainform.h"
-#include "scripteddialogs.h"
 #include "settings/txwdprocs.h"
 #include "uitestmain.h"
+#include "windowtest.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -50,20 +50,15 @@ void clickCell(QTableWidget *grid, int col, int row)
 
 }  // namespace
 
-class TestClueTools : public QObject {
+class TestClueTools : public QObject, TWindowTest {
     Q_OBJECT
 
-private:
-    std::unique_ptr<TDialogScript> dialogs;
-    std::unique_ptr<TProgram> program;
     TAutoclueForm *autoclue = nullptr;
 
     void openAutoclue(const QString &puzzle)
     {
         Puzzle = PuzzleFrom(puzzle);
-        PuzzleMode = ConstructMode;
-        program = std::make_unique<TProgram>();
-        program->Start({});
+        startProgram();
         autoclue = AutoclueForm;
         QVERIFY(autoclue);
         AutoclueBtnClick(program->MainForm);
@@ -72,18 +67,9 @@ private:
     QString shown() const { return autoclue->NumLbl->text() + u' ' + autoclue->ClueLbl->text(); }
 
 private slots:
-    void init()
-    {
-        ResetSettings();
-        PuzzleChanged = false;
-        dialogs = std::make_unique<TDialogScript>();
-    }
+    void init() { setUpWindowTest(); }
 
-    void cleanup()
-    {
-        program.reset();
-        dialogs.reset();
-    }
+    void cleanup() { tearDownWindowTest(); }
 
     void theDefinitionListMovesAutoclueAndFollowsItsClues()
     {

@@ -8,9 +8,10 @@
 #include "model/cp1252.h"
 #include "model/puzzlefile.h"
 #include "model/puzzletext.h"
-#include "scripteddialogs.h"
 #include "settings/txwdprocs.h"
+#include "clirun.h"
 #include "uitestmain.h"
+#include "windowtest.h"
 #include "views/gridgeometry.h"
 #include "views/ui/txwdgridform.h"
 
@@ -21,7 +22,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QProcess>
 #include <QPushButton>
 
 namespace {
@@ -35,11 +35,8 @@ const char *const Fixture =
 
 QJsonObject cliJson(const QStringList &args)
 {
-    QProcess p;
-    p.start(QStringLiteral(QUILLMARK_CLI), args);
-    if (!p.waitForFinished(30000) || p.exitCode() != 0)
-        return {};
-    return QJsonDocument::fromJson(p.readAllStandardOutput()).object();
+    const TCliRun run = RunCli(args);
+    return run.code == 0 ? QJsonDocument::fromJson(run.out).object() : QJsonObject();
 }
 
 int redPixels(const QImage &image, const QRect &area)
@@ -55,17 +52,10 @@ int redPixels(const QImage &image, const QRect &area)
 
 }  // namespace
 
-class TestInspect : public QObject {
+class TestInspect : public QObject, TWindowTest {
     Q_OBJECT
 
-private:
-    std::unique_ptr<TProgram> program;
-    std::unique_ptr<TDialogScript> dialogs;
-    std::unique_ptr<TScratchDir> dir;
     QString path;
-
-    TXwdMainForm *main() { return program->MainForm; }
-    QAction *act(const char *name) { return main()->findChild<QAction *>(QString::fromLatin1(name)); }
     template <typename Form>
     Form *tool(const char *action)
     {
@@ -76,27 +66,14 @@ private:
 private slots:
     void init()
     {
-        ResetSettings();
-        WriteSetting("ScreenSquare", 30);
-        Puzzle = TPuzzle{};
-        PuzzleChanged = false;
-        dir = std::make_unique<TScratchDir>();
-        dialogs = std::make_unique<TDialogScript>();
-        program = std::make_unique<TProgram>();
-        program->Start({});
-        path = dir->path("inspect.xwd");
-        WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(QString::fromLatin1(Fixture))));
-        (*dialogs)->Files.append(TFileChoice{path, 1});
-        main()->ConstructOpenAct->trigger();
+        setUpWindowTest(30);
+        startProgram();
+        path = writePuzzle("inspect.xwd", Fixture);
+        openPuzzle(path);
         QCOMPARE(int(PuzzleMode), int(ConstructMode));
     }
 
-    void cleanup()
-    {
-        program.reset();
-        dialogs.reset();
-        dir.reset();
-    }
+    void cleanup() { tearDownWindowTest(); }
 
     void typedLettersListTheirWordsAndAClickShowsOneInTheGrid()
     {
@@ -194,10 +171,7 @@ private slots:
 
         // And a transform written by the command line is the one the window makes.
         const QString flipped = dir->path("flipped.xwd");
-        QProcess cli;
-        cli.start(QStringLiteral(QUILLMARK_CLI), {"transform", "flip", path, flipped});
-        QVERIFY(cli.waitForFinished(30000));
-        QCOMPARE(cli.exitCode(), 0);
+        QCOMPARE(RunCli({"transform", "flip", path, flipped}).code, 0);
         (*dialogs)->Answers = {TAnswer::Yes};
         act("FlipAct")->trigger();
         QVERIFY(EncodePuzzle(Puzzle) == ReadFileBytes(flipped));

@@ -7,8 +7,8 @@
 #include "mainwindow/ui/tprogram.h"
 #include "mainwindow/ui/txwdmainform.h"
 #include "model/puzzlefile.h"
-#include "scripteddialogs.h"
 #include "uitestmain.h"
+#include "windowtest.h"
 #include "views/ui/txwdgridform.h"
 
 #include <QAction>
@@ -35,16 +35,10 @@ bool sameGridAndClues(const TPuzzle &a, const TPuzzle &b)
 
 }  // namespace
 
-class TestInterchange : public QObject {
+class TestInterchange : public QObject, TWindowTest {
     Q_OBJECT
 
-private:
-    std::unique_ptr<TProgram> program;
-    std::unique_ptr<TDialogScript> dialogs;
-    std::unique_ptr<TScratchDir> dir;
-
-    TXwdMainForm *main() { return program->MainForm; }
-    QAction *action(const char *name) { return main()->findChild<QAction *>(name); }
+    QAction *action(const char *name) { return act(name); }
 
     QString exported(const QString &xwd, TFileKind kind, const QString &name)
     {
@@ -53,36 +47,18 @@ private:
         return path;
     }
 
-    void open(const QString &path, bool solving)
-    {
-        (*dialogs)->Files.append(TFileChoice{path, 1});
-        (solving ? main()->OpenSolveAct : main()->ConstructOpenAct)->trigger();
-    }
-
 private slots:
     void init()
     {
-        ResetSettings();
-        Puzzle = TPuzzle{};
-        PuzzleChanged = false;
-        PuzzleMode = ConstructMode;
-        CurrentPuzzlePath.clear();
-        dir = std::make_unique<TScratchDir>();
-        dialogs = std::make_unique<TDialogScript>();
-        program = std::make_unique<TProgram>();
-        program->Start({});
+        setUpWindowTest();
+        startProgram();
     }
 
-    void cleanup()
-    {
-        program.reset();
-        dialogs.reset();
-        dir.reset();
-    }
+    void cleanup() { tearDownWindowTest(); }
 
     void anOpenedPuzFileIsUnsavedUntilSaveNamesAnXwd()
     {
-        open(exported(Finished, TFileKind::Puz, "stroll.puz"), false);
+        openPuzzle(exported(Finished, TFileKind::Puz, "stroll.puz"), false);
         QVERIFY((*dialogs)->FileRequests.first().Filter.contains(u"*.puz"));
         QVERIFY((*dialogs)->FileRequests.first().Filter.contains(u"*.ipuz"));
         QVERIFY((*dialogs)->Errors.isEmpty());
@@ -104,7 +80,7 @@ private slots:
     void anUnsavedImportIsNeverLeftUnasked()
     {
         // Even when solving, where a puzzle with a file is saved without a question.
-        open(exported(Finished, TFileKind::Ipuz, "stroll.ipuz"), true);
+        openPuzzle(exported(Finished, TFileKind::Ipuz, "stroll.ipuz"), true);
         QCOMPARE(int(PuzzleMode), int(SolveMode));
         (*dialogs)->Answers.append(TAnswer::Cancel);
         QVERIFY(!main()->close());
@@ -121,13 +97,13 @@ private slots:
 
     void aRefusedFileIsReportedAndTheOpenPuzzleStays()
     {
-        open(Finished, false);
+        openPuzzle(Finished, false);
         TForeignPuzzle small;
         small.Width = small.Height = 5;
         small.Squares = QList<TForeignSquare>(25, TForeignSquare{false, QStringLiteral("A"), {}, false});
         const QString path = dir->path("small.ipuz");
         WriteFileAtomically(path, WriteIpuz(small));
-        open(path, false);
+        openPuzzle(path, false);
         QCOMPARE((*dialogs)->Errors.size(), 1);
         QVERIFY((*dialogs)->Errors.first().contains(u"5 x 5"));
         QCOMPARE(CurrentPuzzlePath, Finished);
@@ -143,12 +119,12 @@ private slots:
         WriteFileAtomically(path, WriteIpuz(f));
 
         (*dialogs)->Answers.append(TAnswer::No);
-        open(path, false);
+        openPuzzle(path, false);
         QVERIFY((*dialogs)->Questions.first().contains(u"1 Across is longer than 80"));
         QVERIFY(Puzzle.Size == 0);
 
         (*dialogs)->Answers.append(TAnswer::Yes);
-        open(path, false);
+        openPuzzle(path, false);
         QCOMPARE(Puzzle.clue(1), QByteArray(80, 'x'));
         QCOMPARE((*dialogs)->Informations.size(), 1);
         QVERIFY((*dialogs)->Informations.first().contains(u"cut to 80"));
@@ -157,7 +133,7 @@ private slots:
     void exportWritesBothFormatsAndRefusesAnUnfinishedPuz()
     {
         QVERIFY(!action("ExportPuzAct")->isEnabled());
-        open(Unfinished, false);
+        openPuzzle(Unfinished, false);
         QVERIFY(action("ExportPuzAct")->isEnabled());
 
         (*dialogs)->Files.append(TFileChoice{dir->path("harbour"), 1});

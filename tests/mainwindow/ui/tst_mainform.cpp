@@ -7,9 +7,9 @@
 #include "mainwindow/ui/txwdmainform.h"
 #include "model/puzzlefile.h"
 #include "model/puzzletext.h"
-#include "scripteddialogs.h"
 #include "settings/txwdprocs.h"
 #include "uitestmain.h"
+#include "windowtest.h"
 #include "views/ui/tcluesform.h"
 #include "views/gridgeometry.h"
 #include "views/ui/txwdgridform.h"
@@ -40,49 +40,18 @@ TFileChoice file(const QString &path, int filter = 1)
 
 }  // namespace
 
-class TestMainForm : public QObject {
+class TestMainForm : public QObject, TWindowTest {
     Q_OBJECT
 
-private:
-    std::unique_ptr<TProgram> program;
-    std::unique_ptr<TDialogScript> dialogs;
-    std::unique_ptr<TScratchDir> dir;
-
-    TXwdMainForm *main() { return program->MainForm; }
-
-    QString makePuzzle(const QString &name, const char *text = Clued)
-    {
-        const QString path = dir->path(name);
-        WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(QString::fromUtf8(text))));
-        return path;
-    }
-
-    void open(const QString &path, bool solving)
-    {
-        (*dialogs)->Files.append(file(path));
-        (solving ? main()->OpenSolveAct : main()->ConstructOpenAct)->trigger();
-    }
+    QString makePuzzle(const QString &name, const char *text = Clued) const { return writePuzzle(name, text); }
 
 private slots:
     void init()
     {
-        ResetSettings();
-        Puzzle = TPuzzle{};
-        PuzzleChanged = false;
-        PuzzleMode = ConstructMode;
-        CurrentPuzzlePath.clear();
-        dir = std::make_unique<TScratchDir>();
-        dialogs = std::make_unique<TDialogScript>();
-        program = std::make_unique<TProgram>();
-        program->Start({});
+        setUpWindowTest();
+        startProgram();
     }
-
-    void cleanup()
-    {
-        program.reset();
-        dialogs.reset();
-        dir.reset();
-    }
+    void cleanup() { tearDownWindowTest(); }
 
     void newPuzzleIsWrittenAtOnceAndOpenedForConstructing()
     {
@@ -138,7 +107,7 @@ private slots:
         QVERIFY(CurrentPuzzlePath.isEmpty());
         QCOMPARE(program->SoundFX->Played(), QList<int>{7});
 
-        open(makePuzzle("a.xwd"), false);
+        openPuzzle(makePuzzle("a.xwd"), false);
         (*dialogs)->Files.append(file(dir->path("copy.doc")));
         main()->CopyGridAsAct->trigger();
         QCOMPARE((*dialogs)->Errors.size(), 2);
@@ -148,7 +117,7 @@ private slots:
     void aWrongFileKeepsThePreviousPuzzle()
     {
         const QString good = makePuzzle("good.xwd");
-        open(good, false);
+        openPuzzle(good, false);
         // A picture renamed, and a current file cut short; the core tests every other size.
         const QList<std::pair<const char *, QByteArray>> wrong = {
             {"picture.xwd", QByteArray("\x89PNG\r\n\x1a\n").leftJustified(PuzzleFileSize + 99, '\xff')},
@@ -157,7 +126,7 @@ private slots:
         for (const auto &[name, bytes] : wrong) {
             QVERIFY(WriteFileBytes(dir->path(name), bytes));
             (*dialogs)->Errors.clear();
-            open(dir->path(name), true);
+            openPuzzle(dir->path(name), true);
             QCOMPARE((*dialogs)->Errors, QStringList{"Puzzle not in Quillmark format or is corrupt."});
             QCOMPARE(CurrentPuzzlePath, good);
             QCOMPARE(int(PuzzleMode), int(ConstructMode));
@@ -170,7 +139,7 @@ private slots:
     {
         const QString path = dir->path("old.xwd");
         QVERIFY(WriteFileBytes(path, EncodePuzzle5(PuzzleFromText(QString::fromUtf8(Clued)))));
-        open(path, true);
+        openPuzzle(path, true);
         QVERIFY((*dialogs)->Errors.isEmpty());
         QCOMPARE(ReadFileBytes(path).size(), PuzzleFileSize);
         QCOMPARE(int(Puzzle.Language), 3);
@@ -190,9 +159,9 @@ private slots:
     void historyKeepsThreeEntriesWithTheirModes()
     {
         const QString a = makePuzzle("alpha.xwd"), b = makePuzzle("beta.xwd"), c = makePuzzle("gamma.xwd");
-        open(a, false);
-        open(b, true);
-        open(c, false);
+        openPuzzle(a, false);
+        openPuzzle(b, true);
+        openPuzzle(c, false);
         QCOMPARE(ReadText("HistoryPuzzle1"), c + " /c");
         QCOMPARE(ReadText("HistoryPuzzle2"), b + " /s");
         QCOMPARE(ReadText("HistoryPuzzle3"), a + " /c");
@@ -268,7 +237,7 @@ private slots:
     void saveAsVersion5IsAnExport()
     {
         const QString a = makePuzzle("alpha.xwd");
-        open(a, false);
+        openPuzzle(a, false);
         PuzzleChanged = true;
         const QString caption = program->GridForm->windowTitle();
         const QString history = ReadText("HistoryPuzzle1");
@@ -293,7 +262,7 @@ private slots:
     {
         WriteSetting("Name", QStringLiteral("New Setter"));
         WriteSetting("GridLanguage", 5);
-        open(makePuzzle("alpha.xwd"), false);
+        openPuzzle(makePuzzle("alpha.xwd"), false);
         (*dialogs)->Files.append(file(dir->path("copy.xwd")));
         main()->CopyGridAsAct->trigger();
         QCOMPARE((*dialogs)->FileRequests.last().Title, QStringLiteral("Copy grid as..."));
@@ -313,7 +282,7 @@ private slots:
     void saveAndRevert()
     {
         const QString a = makePuzzle("alpha.xwd");
-        open(a, false);
+        openPuzzle(a, false);
         Puzzle.Cells(2, 2) = 'Z';
         PuzzleChanged = true;
         main()->SaveAct->trigger();
@@ -339,7 +308,7 @@ private slots:
     void ctrlSSavesFromTheGridWindow()
     {
         const QString a = makePuzzle("alpha.xwd");
-        open(a, false);
+        openPuzzle(a, false);
         Puzzle.Cells(3, 3) = 'K';
         PuzzleChanged = true;
         program->GridForm->activateWindow();
@@ -352,10 +321,10 @@ private slots:
     void solvingSavesWithoutAskingAndClosingAsksWhenConstructing()
     {
         const QString a = makePuzzle("alpha.xwd"), b = makePuzzle("beta.xwd");
-        open(a, true);
+        openPuzzle(a, true);
         Puzzle.Entries(1, 2) = 'R';
         PuzzleChanged = true;
-        open(b, false);
+        openPuzzle(b, false);
         QVERIFY((*dialogs)->Questions.isEmpty());
         QCOMPARE(DecodePuzzle(ReadFileBytes(a)).Entries(1, 2), uint8_t('R'));
 
@@ -387,7 +356,7 @@ private slots:
         const auto solveInVanishingFolder = [this](const QString &folder) {
             QDir(dir->path(QString())).mkdir(folder);
             const QString path = makePuzzle(folder + "/solving.xwd");
-            open(path, true);
+            openPuzzle(path, true);
             Puzzle.Entries(1, 2) = 'R';
             PuzzleChanged = true;
             QDir(dir->path(folder)).removeRecursively();
@@ -421,7 +390,7 @@ private slots:
 
     void symmetryCyclesWhileDesigning()
     {
-        open(makePuzzle("alpha.xwd"), false);
+        openPuzzle(makePuzzle("alpha.xwd"), false);
         QCOMPARE(program->GridForm->Editor.Symmetry, 1);
         QVERIFY(!main()->SymmetryBtn->isEnabled());
         QCOMPARE(main()->SymmetryBtn->toolTip(), QStringLiteral("DIAGONAL symmetry"));
@@ -447,7 +416,7 @@ private slots:
 
     void boundsAreWrittenAndArranged()
     {
-        open(makePuzzle("alpha.xwd"), false);
+        openPuzzle(makePuzzle("alpha.xwd"), false);
         main()->move(40, 50);
         main()->resize(400, 300);
         main()->WriteWindowBounds();

@@ -7,9 +7,9 @@
 #include "mainwindow/ui/thelpform.h"
 #include "mainwindow/ui/tprogram.h"
 #include "mainwindow/ui/txwdmainform.h"
-#include "scripteddialogs.h"
 #include "settings/txwdprocs.h"
 #include "uitestmain.h"
+#include "windowtest.h"
 
 #include <QAction>
 #include <QFile>
@@ -26,15 +26,8 @@
 
 #include <csignal>
 
-class TestTools : public QObject {
+class TestTools : public QObject, TWindowTest {
     Q_OBJECT
-
-private:
-    std::unique_ptr<TProgram> program;
-    std::unique_ptr<TDialogScript> dialogs;
-    std::unique_ptr<TScratchDir> dir;
-
-    QAction *act(const char *name) { return program->MainForm->findChild<QAction *>(name); }
 
     // A tool that notes each start in its log and then keeps running.
     QString makeTool(const QString &name)
@@ -50,13 +43,8 @@ private:
 private slots:
     void init()
     {
-        ResetSettings();
-        PuzzleChanged = false;
-        CurrentPuzzlePath.clear();
-        dir = std::make_unique<TScratchDir>();
-        dialogs = std::make_unique<TDialogScript>();
-        program = std::make_unique<TProgram>();
-        program->Start({});
+        setUpWindowTest();
+        startProgram();
     }
 
     void cleanup()
@@ -64,9 +52,7 @@ private slots:
         for (int slot = 0; slot < 5; ++slot)
             if (const qint64 pid = LaunchModule ? LaunchModule->RunningProcess(slot) : 0)
                 ::kill(pid_t(pid), SIGTERM);
-        program.reset();
-        dialogs.reset();
-        dir.reset();
+        tearDownWindowTest();
     }
 
     void aToolIsAvailableExactlyWhenItsPathIsSet()

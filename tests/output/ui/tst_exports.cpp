@@ -6,9 +6,9 @@
 #include "model/puzzlefile.h"
 #include "model/puzzletext.h"
 #include "output/ui/texportform.h"
-#include "scripteddialogs.h"
 #include "settings/txwdprocs.h"
 #include "uitestmain.h"
+#include "windowtest.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -26,43 +26,22 @@ const char *const Clued =
 
 }  // namespace
 
-class TestExports : public QObject {
+class TestExports : public QObject, TWindowTest {
     Q_OBJECT
 
-private:
-    std::unique_ptr<TProgram> program;
-    std::unique_ptr<TDialogScript> dialogs;
-    std::unique_ptr<TScratchDir> dir;
     QStringList opened;
-
-    TXwdMainForm *main() { return program->MainForm; }
-    QAction *act(const char *name) { return main()->findChild<QAction *>(name); }
 
 private slots:
     void init()
     {
-        ResetSettings();
-        Puzzle = TPuzzle{};
-        PuzzleChanged = false;
-        CurrentPuzzlePath.clear();
-        dir = std::make_unique<TScratchDir>();
-        dialogs = std::make_unique<TDialogScript>();
-        program = std::make_unique<TProgram>();
-        program->Start({});
+        setUpWindowTest();
+        startProgram();
         opened.clear();
         TExportForm::OpenDocument = [this](const QString &path) { opened.append(path); };
-        const QString path = dir->path("clued.xwd");
-        WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(QString::fromLatin1(Clued))));
-        (*dialogs)->Files.append(TFileChoice{path, 1});
-        main()->ConstructOpenAct->trigger();
+        openPuzzle(writePuzzle("clued.xwd", Clued));
     }
 
-    void cleanup()
-    {
-        program.reset();
-        dialogs.reset();
-        dir.reset();
-    }
+    void cleanup() { tearDownWindowTest(); }
 
     void exportEpsWritesTheThreeFilesOfTheChosenStyle()
     {

@@ -8,9 +8,9 @@
 #include "output/pagelayout.h"
 #include "output/ui/tpreviewform.h"
 #include "output/ui/txwdprintform.h"
-#include "scripteddialogs.h"
 #include "settings/txwdprocs.h"
 #include "uitestmain.h"
+#include "windowtest.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -39,12 +39,9 @@ int pdfPages(const QString &path)
 
 }  // namespace
 
-class TestPrintForm : public QObject {
+class TestPrintForm : public QObject, TWindowTest {
     Q_OBJECT
 
-private:
-    std::unique_ptr<TDialogScript> dialogs;
-    std::unique_ptr<TScratchDir> dir;
     std::unique_ptr<TPreviewForm> preview;
     std::unique_ptr<TXwdPrintForm> form;
 
@@ -57,12 +54,9 @@ private:
 private slots:
     void init()
     {
-        ResetSettings();
+        setUpWindowTest();
         Puzzle = LoadPuzzleFile(Example).Puzzle;
         CurrentPuzzlePath = Example;
-        PuzzleMode = ConstructMode;
-        dir = std::make_unique<TScratchDir>();
-        dialogs = std::make_unique<TDialogScript>();
         preview = std::make_unique<TPreviewForm>();
         form = std::make_unique<TXwdPrintForm>(preview.get());
         form->show();
@@ -72,7 +66,7 @@ private slots:
     {
         form.reset();
         preview.reset();
-        dialogs.reset();
+        tearDownWindowTest();
     }
 
     void showingReadsTheSettingsAndNamesTheTitle()

@@ -5,11 +5,11 @@
 #include "mainwindow/ui/tprogram.h"
 #include "mainwindow/ui/txwdmainform.h"
 #include "model/puzzle.h"
-#include "scripteddialogs.h"
 #include "settings/colors.h"
 #include "settings/txwdprocs.h"
 #include "settings/ui/txwdprefform.h"
 #include "uitestmain.h"
+#include "windowtest.h"
 #include "views/gridgeometry.h"
 #include "views/ui/txwdgridform.h"
 
@@ -24,13 +24,8 @@
 #include <QSpinBox>
 #include <QStackedWidget>
 
-class TestPrefForm : public QObject {
+class TestPrefForm : public QObject, TWindowTest {
     Q_OBJECT
-
-private:
-    std::unique_ptr<TProgram> program;
-    std::unique_ptr<TDialogScript> dialogs;
-    std::unique_ptr<TScratchDir> dir;
 
     // Runs Preferences with `script` playing the user.
     void preferences(std::function<void(TXwdPrefForm *)> script)
@@ -58,22 +53,11 @@ private:
 private slots:
     void init()
     {
-        ResetSettings();
-        Puzzle = TPuzzle{};
-        PuzzleChanged = false;
-        CurrentPuzzlePath.clear();
-        dir = std::make_unique<TScratchDir>();
-        dialogs = std::make_unique<TDialogScript>();
-        program = std::make_unique<TProgram>();
-        program->Start({});
+        setUpWindowTest();
+        startProgram();
     }
 
-    void cleanup()
-    {
-        program.reset();
-        dialogs.reset();
-        dir.reset();
-    }
+    void cleanup() { tearDownWindowTest(); }
 
     void opensShowingTheDefaultsOfAnEmptyStoreThenWhatIsStored()
     {

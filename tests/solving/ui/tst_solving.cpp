@@ -7,11 +7,11 @@
 #include "mainwindow/ui/txwdmainform.h"
 #include "model/puzzlefile.h"
 #include "model/puzzletext.h"
-#include "scripteddialogs.h"
 #include "settings/txwdprocs.h"
 #include "solving/ui/tscoreform.h"
 #include "solving/ui/txwdclockform.h"
 #include "uitestmain.h"
+#include "windowtest.h"
 #include "views/gridgeometry.h"
 #include "views/ui/txwdgridform.h"
 
@@ -48,22 +48,16 @@ int redPixels(const QImage &image, const QRect &area)
 
 }  // namespace
 
-class TestSolving : public QObject {
+class TestSolving : public QObject, TWindowTest {
     Q_OBJECT
 
-private:
-    std::unique_ptr<TProgram> program;
-    std::unique_ptr<TDialogScript> dialogs;
-    std::unique_ptr<TScratchDir> dir;
     QString path;
 
-    TXwdMainForm *main() { return program->MainForm; }
     TXwdGridForm *grid() { return program->GridForm; }
 
     void openForSolving(const QString &file)
     {
-        (*dialogs)->Files.append(TFileChoice{file, 1});
-        main()->OpenSolveAct->trigger();
+        openPuzzle(file, true);
         QCOMPARE(int(PuzzleMode), int(SolveMode));
     }
 
@@ -93,26 +87,13 @@ private:
 private slots:
     void init()
     {
-        ResetSettings();
-        WriteSetting("ScreenSquare", 30);
-        Puzzle = TPuzzle{};
-        PuzzleChanged = false;
-        CurrentPuzzlePath.clear();
-        dir = std::make_unique<TScratchDir>();
-        dialogs = std::make_unique<TDialogScript>();
-        program = std::make_unique<TProgram>();
-        program->Start({});
-        path = dir->path("solve.xwd");
-        WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(QString::fromLatin1(AlmostSolved))));
+        setUpWindowTest(30);
+        startProgram();
+        path = writePuzzle("solve.xwd", AlmostSolved);
         openForSolving(path);
     }
 
-    void cleanup()
-    {
-        program.reset();
-        dialogs.reset();
-        dir.reset();
-    }
+    void cleanup() { tearDownWindowTest(); }
 
     void oneEmptySquareIsIncorrectAndShowErrorsCrossesIt()
     {

@@ -5,9 +5,9 @@
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/tprogram.h"
 #include "mainwindow/ui/txwdmainform.h"
-#include "scripteddialogs.h"
 #include "settings/txwdprocs.h"
 #include "uitestmain.h"
+#include "windowtest.h"
 #include "views/gridgeometry.h"
 #include "views/ui/tcluesform.h"
 #include "views/ui/txwdgridform.h"
@@ -42,12 +42,8 @@ int leftmostInk(const QImage &image, int top, int bottom)
 
 }  // namespace
 
-class TestCluesForm : public QObject {
+class TestCluesForm : public QObject, TWindowTest {
     Q_OBJECT
-
-private:
-    std::unique_ptr<TDialogScript> dialogs;
-    std::unique_ptr<TProgram> program;
 
     TCluesForm *form() { return program->CluesForm; }
     QListWidget *list() { return program->CluesForm->ClueList; }
@@ -57,8 +53,7 @@ private:
     {
         Puzzle = PuzzleFrom(Solving15);
         PuzzleMode = SolveMode;
-        program = std::make_unique<TProgram>();
-        program->Start({});
+        startProgram();
         program->GridForm->show();
         QVERIFY(QTest::qWaitForWindowExposed(program->GridForm));
         form()->show();
@@ -68,18 +63,11 @@ private:
 private slots:
     void init()
     {
-        ResetSettings();
-        WriteSetting(QStringLiteral("ScreenSquare"), 24);
+        setUpWindowTest(24);
         WriteSetting(QStringLiteral("ScreenBoundsClues"), QStringLiteral("30,40,260,420"));
-        dialogs = std::make_unique<TDialogScript>();
     }
 
-    void cleanup()
-    {
-        program.reset();
-        dialogs.reset();
-        PuzzleMode = ConstructMode;
-    }
+    void cleanup() { tearDownWindowTest(); }
 
     void listsTheCluesAcrossFirstOnLinesOfTheirOwn()
     {

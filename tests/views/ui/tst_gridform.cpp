@@ -5,6 +5,7 @@
 #include "mainwindow/puzzlestate.h"
 #include "settings/txwdprocs.h"
 #include "uitestmain.h"
+#include "windowtest.h"
 #include "views/gridgeometry.h"
 #include "views/ui/txwdgridform.h"
 
@@ -60,7 +61,7 @@ private:
 
 }  // namespace
 
-class TestGridForm : public QObject {
+class TestGridForm : public QObject, TWindowTest {
     Q_OBJECT
 
     std::unique_ptr<TXwdProcs> procs;
@@ -97,15 +98,14 @@ private slots:
     void initTestCase() { procs = std::make_unique<TXwdProcs>(); }
     void init()
     {
-        ResetSettings();
-        WriteSetting(QStringLiteral("ScreenSquare"), Side);
-        ClosingAllowed = PuzzleChanged = false;
+        setUpWindowTest(Side);
+        ClosingAllowed = false;
     }
     void cleanup()
     {
         form.reset();
-        PuzzleMode = ConstructMode;
         ClosingAllowed = false;
+        tearDownWindowTest();
     }
     void cleanupTestCase() { ResetSettings(); }
 
@@ -177,11 +177,17 @@ private slots:
 
     void highlightCoversTheRestOfTheWord()
     {
-        // The colours come from the settings.
+        const QString grid = QStringLiteral("size 7\ngrid\n.......\n.....#.\n.......\n.......\n.......\n.......\n.......\n");
+        open(grid);
+        click(3, 2);
+        QCOMPARE(fillOf(shot(), 4, 2), qRgb(255, 255, 0));  // nothing stored: yellow on white
+        QCOMPARE(fillOf(shot(), 4, 3), qRgb(255, 255, 255));
+
+        // Then the colours come from the settings.
         WriteSetting(QStringLiteral("BlankSqColor"), QStringLiteral("clCream"));
         WriteSetting(QStringLiteral("HiliteSqColor"), QStringLiteral("clLime"));
         const QRgb cream = qRgb(0xFF, 0xFB, 0xF0);
-        open(QStringLiteral("size 7\ngrid\n.......\n.....#.\n.......\n.......\n.......\n.......\n.......\n"));
+        open(grid);
         click(3, 2);
         const QImage image = shot();
         for (int c = 1; c <= 7; ++c)

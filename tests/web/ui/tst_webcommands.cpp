@@ -4,41 +4,27 @@
 #include "mainwindow/ui/tprogram.h"
 #include "mainwindow/ui/txwdmainform.h"
 #include "model/puzzlefile.h"
-#include "scripteddialogs.h"
 #include "uitestmain.h"
+#include "windowtest.h"
 #include "web/webpage.h"
 
 #include <QAction>
 #include <QFile>
 #include <QMenu>
 
-class TestWebCommands : public QObject {
+class TestWebCommands : public QObject, TWindowTest {
     Q_OBJECT
 
-private:
-    std::unique_ptr<TScratchDir> dir;
-    std::unique_ptr<TDialogScript> dialogs;
-    std::unique_ptr<TProgram> program;
-
-    QAction *action(const char *name) { return program->MainForm->findChild<QAction *>(name); }
+    QAction *action(const char *name) { return act(name); }
 
 private slots:
     void init()
     {
-        ResetSettings();
-        Puzzle = TPuzzle{};
-        CurrentPuzzlePath.clear();
-        dir = std::make_unique<TScratchDir>();
-        dialogs = std::make_unique<TDialogScript>();
-        program = std::make_unique<TProgram>();
-        program->Start({});
+        setUpWindowTest();
+        startProgram();
     }
 
-    void cleanup()
-    {
-        program.reset();
-        dialogs.reset();
-    }
+    void cleanup() { tearDownWindowTest(); }
 
     void bothCommandsSitInTheExportMenuAndThePlayerNeedsNoPuzzle()
     {

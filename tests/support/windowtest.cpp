@@ -1,0 +1,46 @@
+#include "windowtest.h"
+
+#include "mainwindow/puzzlestate.h"
+#include "model/puzzlefile.h"
+#include "model/puzzletext.h"
+#include "settings/txwdprocs.h"
+
+void TWindowTest::setUpWindowTest(int screenSquare)
+{
+    ResetSettings();
+    if (screenSquare > 0)
+        WriteSetting(Setting::ScreenSquare, screenSquare);
+    Puzzle = TPuzzle{};
+    PuzzleChanged = false;
+    PuzzleMode = ConstructMode;
+    CurrentPuzzlePath.clear();
+    dir = std::make_unique<TScratchDir>();
+    dialogs = std::make_unique<TDialogScript>();
+}
+
+void TWindowTest::tearDownWindowTest()
+{
+    program.reset();
+    dialogs.reset();
+    dir.reset();
+    PuzzleMode = ConstructMode;
+}
+
+void TWindowTest::startProgram()
+{
+    program = std::make_unique<TProgram>();
+    program->Start({});
+}
+
+QString TWindowTest::writePuzzle(const QString &name, const char *text) const
+{
+    const QString path = dir->path(name);
+    WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(QString::fromUtf8(text))));
+    return path;
+}
+
+void TWindowTest::openPuzzle(const QString &path, bool solving)
+{
+    (*dialogs)->Files.append(TFileChoice{path, 1});
+    (solving ? main()->OpenSolveAct : main()->ConstructOpenAct)->trigger();
+}

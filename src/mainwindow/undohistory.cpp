@@ -1,5 +1,6 @@
 #include "mainwindow/undohistory.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -64,12 +65,42 @@ qsizetype TUndoHistory::SizeOf(const QList<TRun> &runs)
     return size;
 }
 
-void TUndoHistory::Record(const TPuzzle &before, const TPuzzle &after, const QString &caption, TUndoPlace place,
-                          const QString &mergeKey)
+TUndoPlace ChangedPlace(const TPuzzle &before, const TPuzzle &after)
+{
+    QList<QPoint> squares;
+    for (int r = 1; r <= MaxGrid; ++r)
+        for (int c = 1; c <= MaxGrid; ++c)
+            if (before.Cells(c, r) != after.Cells(c, r) || before.Entries(c, r) != after.Entries(c, r))
+                squares.append({c, r});
+    if (!squares.isEmpty()) {
+        const auto along = [&](auto coordinate) {
+            return std::all_of(squares.begin(), squares.end(),
+                               [&](QPoint q) { return coordinate(q) == coordinate(squares.first()); });
+        };
+        const bool oneRow = along([](QPoint q) { return q.y(); });
+        const bool oneColumn = along([](QPoint q) { return q.x(); });
+        const int direction = squares.size() < 2 ? 0 : oneRow ? 1 : oneColumn ? 2 : 0;
+        return {squares.first(), direction};
+    }
+    for (int slot = 1; slot <= ClueSlots; ++slot) {
+        if (before.clue(slot) == after.clue(slot))
+            continue;
+        for (const TPuzzle *p : {&after, &before})
+            for (int r = 1; r <= p->Size; ++r)
+                for (int c = 1; c <= p->Size; ++c)
+                    for (Direction d : {Direction::Across, Direction::Down})
+                        if (p->slotAt(c, r, d) == slot)
+                            return {{c, r}, d == Direction::Across ? 1 : 2};
+    }
+    return {};
+}
+
+void TUndoHistory::Record(const TPuzzle &before, const TPuzzle &after, const QString &caption, const QString &mergeKey)
 {
     QList<TRun> runs = Difference(before, after);
     if (runs.isEmpty())
         return;
+    const TUndoPlace place = ChangedPlace(before, after);
     while (int(steps_.size()) > position_) {
         bytes_ -= steps_.back().Bytes;
         steps_.pop_back();

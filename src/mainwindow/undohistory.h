@@ -22,6 +22,11 @@ struct TUndoPlace {
     bool operator==(const TUndoPlace &) const = default;
 };
 
+// Where a change happened, for the cursor: the first square in reading order whose content
+// changed (with the direction of the row or column all the changed squares share), else
+// the word whose clue changed, else no place.
+TUndoPlace ChangedPlace(const TPuzzle &before, const TPuzzle &after);
+
 class TUndoHistory {
 public:
     static constexpr int DefaultMaxSteps = 1000;
@@ -33,8 +38,7 @@ public:
     // what could have been redone. A change with the same non-empty `mergeKey` as the last
     // one joins it as one step (the keystrokes of one clue edit), unless something was
     // undone, saved or ended in between. The oldest steps go when the bounds are passed.
-    void Record(const TPuzzle &before, const TPuzzle &after, const QString &caption, TUndoPlace place,
-                const QString &mergeKey = {});
+    void Record(const TPuzzle &before, const TPuzzle &after, const QString &caption, const QString &mergeKey = {});
     // The next change starts a step of its own, whatever its merge key.
     void EndMerge() { mergeOpen_ = false; }
 

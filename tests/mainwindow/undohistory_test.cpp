@@ -22,12 +22,11 @@ bool same(const TPuzzle &a, const TPuzzle &b)
 
 // One edit as a window makes it: the record changes, the history is told.
 template <typename Edit>
-void edit(TUndoHistory &history, TPuzzle &p, const QString &caption, Edit change, TUndoPlace place = {},
-          const QString &mergeKey = {})
+void edit(TUndoHistory &history, TPuzzle &p, const QString &caption, Edit change, const QString &mergeKey = {})
 {
     const TPuzzle before = p;
     change(p);
-    history.Record(before, p, caption, place, mergeKey);
+    history.Record(before, p, caption, mergeKey);
 }
 
 }  // namespace
@@ -37,7 +36,7 @@ TEST(UndoHistory, MixedEditsUndoneToTheStartAndRedoneGiveBothRecordsByteForByte)
     TPuzzle p = PuzzleFrom(Clued);
     const TPuzzle original = p;
     TUndoHistory history;
-    edit(history, p, "Typing", [](TPuzzle &q) { q.Cells(5, 1) = 'X'; }, {{5, 1}, 1});
+    edit(history, p, "Typing", [](TPuzzle &q) { q.Cells(5, 1) = 'X'; });
     edit(history, p, "Black Square", [](TPuzzle &q) {
         q.Cells(1, 3) = BlockChar;
         q.Cells(11, 9) = BlockChar;
@@ -58,7 +57,7 @@ TEST(UndoHistory, MixedEditsUndoneToTheStartAndRedoneGiveBothRecordsByteForByte)
     EXPECT_FALSE(history.Undo(p)) << "nothing further back";
 
     EXPECT_EQ(history.RedoCaption(), "Typing");
-    EXPECT_EQ(history.Redo(p), (TUndoPlace{{5, 1}, 1})) << "the cursor goes to the typed square";
+    EXPECT_EQ(history.Redo(p), (TUndoPlace{{5, 1}, 0})) << "the cursor goes to the typed square";
     while (history.CanRedo())
         history.Redo(p);
     EXPECT_TRUE(same(p, final));
@@ -80,7 +79,7 @@ TEST(UndoHistory, ASymmetricBlackPairWithItsLostCluesComesBackInOneUndo)
     ASSERT_TRUE(Puzzle.isBlock(6, 1) && Puzzle.isBlock(6, 11));
     ASSERT_TRUE(Puzzle.clue(slot).isEmpty());
 
-    history.Undo(Puzzle);
+    EXPECT_EQ(history.Undo(Puzzle)->Square, QPoint(6, 1)) << "the cursor goes to the first square of the pair";
     EXPECT_TRUE(same(Puzzle, original));
     EXPECT_EQ(Puzzle.clue(slot), "Five down");
     EXPECT_FALSE(history.CanUndo());
@@ -92,11 +91,11 @@ TEST(UndoHistory, TheKeystrokesOfOneClueEditAreOneStepUntilTheEditEnds)
     const TPuzzle original = p;
     TUndoHistory history;
     for (const char *text : {"P", "Pu", "Pur", "Purr"})
-        edit(history, p, "Clue", [text](TPuzzle &q) { q.setClue(1, text); }, {{1, 1}, 1}, "clue 1");
+        edit(history, p, "Clue", [text](TPuzzle &q) { q.setClue(1, text); }, "clue 1");
     EXPECT_EQ(history.Count(), 1);
-    edit(history, p, "Clue", [](TPuzzle &q) { q.setClue(2, "Down"); }, {{1, 1}, 2}, "clue 2");
+    edit(history, p, "Clue", [](TPuzzle &q) { q.setClue(2, "Down"); }, "clue 2");
     history.EndMerge();
-    edit(history, p, "Clue", [](TPuzzle &q) { q.setClue(2, "Downs"); }, {{1, 1}, 2}, "clue 2");
+    edit(history, p, "Clue", [](TPuzzle &q) { q.setClue(2, "Downs"); }, "clue 2");
     EXPECT_EQ(history.Count(), 3) << "another clue, then the same clue edited again";
 
     history.Undo(p);
@@ -105,17 +104,17 @@ TEST(UndoHistory, TheKeystrokesOfOneClueEditAreOneStepUntilTheEditEnds)
     EXPECT_TRUE(same(p, original));
 
     // Typing a clue back to what it was leaves nothing to undo.
-    edit(history, p, "Clue", [](TPuzzle &q) { q.setClue(1, "Pets"); }, {}, "clue 1");
-    edit(history, p, "Clue", [](TPuzzle &q) { q.setClue(1, "Pet"); }, {}, "clue 1");
+    edit(history, p, "Clue", [](TPuzzle &q) { q.setClue(1, "Pets"); }, "clue 1");
+    edit(history, p, "Clue", [](TPuzzle &q) { q.setClue(1, "Pet"); }, "clue 1");
     EXPECT_FALSE(history.CanUndo());
     EXPECT_FALSE(history.CanRedo()) << "a new edit drops what could have been redone";
 
     // Once undone, the clue's next keystroke is a step of its own.
-    edit(history, p, "Clue", [](TPuzzle &q) { q.setClue(1, "Pets"); }, {}, "clue 1");
+    edit(history, p, "Clue", [](TPuzzle &q) { q.setClue(1, "Pets"); }, "clue 1");
     history.EndMerge();
-    edit(history, p, "Clue", [](TPuzzle &q) { q.setClue(1, "Petso"); }, {}, "clue 1");
+    edit(history, p, "Clue", [](TPuzzle &q) { q.setClue(1, "Petso"); }, "clue 1");
     history.Undo(p);
-    edit(history, p, "Clue", [](TPuzzle &q) { q.setClue(1, "Petsy"); }, {}, "clue 1");
+    edit(history, p, "Clue", [](TPuzzle &q) { q.setClue(1, "Petsy"); }, "clue 1");
     history.Undo(p);
     EXPECT_EQ(p.clue(1), "Pets");
 }

@@ -155,3 +155,46 @@ QString TRecoveryStore::SetAside(const QString &path)
     }
     return target;
 }
+
+TRecoveryKeeper::TRecoveryKeeper(const QString &folder, int quietMs, int latestMs, QObject *parent)
+    : QObject(parent), store_(folder)
+{
+    for (QTimer *timer : {&quiet_, &latest_}) {
+        timer->setSingleShot(true);
+        connect(timer, &QTimer::timeout, this, &TRecoveryKeeper::write);
+    }
+    quiet_.setInterval(quietMs);
+    latest_.setInterval(latestMs);
+}
+
+void TRecoveryKeeper::PuzzleStateChanged()
+{
+    if (!PuzzleChanged) {
+        PuzzleClosed();
+        return;
+    }
+    quiet_.start();
+    if (!latest_.isActive())
+        latest_.start();
+}
+
+void TRecoveryKeeper::PuzzleClosed()
+{
+    quiet_.stop();
+    latest_.stop();
+    store_.Remove();
+}
+
+void TRecoveryKeeper::WriteNow()
+{
+    if (PuzzleChanged)
+        write();
+}
+
+void TRecoveryKeeper::write()
+{
+    quiet_.stop();
+    latest_.stop();
+    // A full disk or a read-only folder costs the safety net, never the editing.
+    store_.Write({Puzzle, CurrentPuzzlePath, PuzzleMode, QDateTime::currentDateTime()});
+}

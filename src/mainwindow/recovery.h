@@ -7,7 +7,9 @@
 #include "model/puzzle.h"
 
 #include <QDateTime>
+#include <QObject>
 #include <QString>
+#include <QTimer>
 
 #include <memory>
 #include <optional>
@@ -60,4 +62,36 @@ private:
     QString folder_;
     QString ownFile_;
     std::unique_ptr<QLockFile> lock_;
+};
+
+// Keeps this program's recovery file in step with the puzzle: written a moment after the
+// changes pause (and at the latest a while after the first one, however fast the typing),
+// so no keystroke waits for the disk; removed once the puzzle is unchanged again (saved,
+// reverted, undone to its saved state), closed or replaced.
+class TRecoveryKeeper : public QObject {
+    Q_OBJECT
+public:
+    static constexpr int DefaultQuietMs = 2000;
+    static constexpr int DefaultLatestMs = 15000;
+
+    explicit TRecoveryKeeper(const QString &folder = {}, int quietMs = DefaultQuietMs, int latestMs = DefaultLatestMs,
+                             QObject *parent = nullptr);
+
+    // After anything that may have changed Puzzle or PuzzleChanged: a changed puzzle is
+    // written soon, an unchanged one's file removed at once.
+    void PuzzleStateChanged();
+    // No puzzle any more: the file goes.
+    void PuzzleClosed();
+    // Writes the changed puzzle at once (a recovered puzzle, so it is kept again before the
+    // file it came from goes).
+    void WriteNow();
+
+    TRecoveryStore &Store() { return store_; }
+
+private:
+    void write();
+
+    TRecoveryStore store_;
+    QTimer quiet_;
+    QTimer latest_;
 };

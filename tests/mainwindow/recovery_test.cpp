@@ -2,7 +2,10 @@
 #include "mainwindow/recovery.h"
 #include "testsupport.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
+#include <QThread>
 #include <QFile>
 #include <QStandardPaths>
 
@@ -23,6 +26,18 @@ TRecoveredPuzzle sample()
     r.Mode = ConstructMode;
     r.Written = QDateTime::fromMSecsSinceEpoch(1'700'000'000'123);
     return r;
+}
+
+// Runs the event loop until `done` holds or ten seconds have passed.
+template <typename Done>
+bool eventually(Done done)
+{
+    QDeadlineTimer deadline(10'000);
+    while (!done() && !deadline.hasExpired()) {
+        QCoreApplication::processEvents();
+        QThread::msleep(5);
+    }
+    return done();
 }
 
 }  // namespace
@@ -97,4 +112,43 @@ TEST(Recovery, ADeclinedFileGoesToTheTrash)
     EXPECT_FALSE(QFile::exists(path));
     const QString trash = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Trash/files";
     EXPECT_TRUE(QFile::exists(trash + "/declined.qmrecovery"));
+}
+
+TEST(Recovery, TheKeeperWritesOnceChangesPauseOrRunLongAndRemovesTheFileWhenUnchanged)
+{
+    TScratchDir dir;
+    const QDir folder(dir.path("recovery"));
+    const auto kept = [&] { return !folder.entryList({"*.qmrecovery"}, QDir::Files).isEmpty(); };
+    Puzzle = sample().Puzzle;
+    CurrentPuzzlePath = "/home/ann/puzzles/kept.xwd";
+    PuzzleMode = SolveMode;
+    PuzzleChanged = true;
+    {
+        TRecoveryKeeper keeper(folder.path(), 50, 60'000);
+        keeper.PuzzleStateChanged();
+        EXPECT_FALSE(kept()) << "never on the typing path";
+        ASSERT_TRUE(eventually(kept));
+        const auto found = DecodeRecovery(ReadFileBytes(keeper.Store().OwnFile()));
+        ASSERT_TRUE(found);
+        EXPECT_EQ(found->OriginalPath, CurrentPuzzlePath);
+        EXPECT_EQ(found->Mode, SolveMode);
+
+        PuzzleChanged = false;
+        keeper.PuzzleStateChanged();
+        EXPECT_FALSE(kept()) << "unchanged again: nothing to recover";
+    }
+    {
+        // Typing that never pauses is still kept.
+        TRecoveryKeeper keeper(folder.path(), 60'000, 100);
+        PuzzleChanged = true;
+        EXPECT_TRUE(eventually([&] {
+            keeper.PuzzleStateChanged();
+            return kept();
+        }));
+        keeper.PuzzleClosed();
+        EXPECT_FALSE(kept());
+    }
+    PuzzleChanged = false;
+    CurrentPuzzlePath.clear();
+    PuzzleMode = ConstructMode;
 }

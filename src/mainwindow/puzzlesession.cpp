@@ -106,7 +106,9 @@ bool TPuzzleSession::commit(const QString &path, const TPuzzle &record)
     if (&record != &Puzzle)
         Puzzle = record;
     PuzzleChanged = false;
+    history_.MarkSaved();
     emit saved(path, false);
+    emit historyChanged();
     return true;
 }
 
@@ -116,8 +118,13 @@ void TPuzzleSession::becomeOpen(const QString &path, uint8_t mode, const QString
     PuzzleMode = mode;
     untitledName_ = untitledName;
     open_ = true;
+    history_.Clear();
+    // A puzzle with no file yet is changed whatever is undone.
+    if (path.isEmpty())
+        history_.MarkDifferentFromFile();
     WriteSetting(QStringLiteral("CurrentPuzzle"), CurrentPuzzlePath);
     emit opened();
+    emit historyChanged();
 }
 
 bool TPuzzleSession::New(int size)
@@ -261,7 +268,11 @@ bool TPuzzleSession::SaveAs()
     }
     if (!commit(choice->Path, Puzzle))
         return false;
+    // The same record under another name: its steps can still be taken back.
+    TUndoHistory kept = history_;
     becomeOpen(choice->Path, PuzzleMode);
+    history_ = std::move(kept);
+    emit historyChanged();
     return true;
 }
 
@@ -291,6 +302,7 @@ bool TPuzzleSession::Revert()
     }
     Replace(QStringLiteral("Revert"), onDisk);
     PuzzleChanged = false;
+    clearHistory();
     return true;
 }
 
@@ -335,6 +347,7 @@ bool TPuzzleSession::Close()
         return false;
     if (open_) {
         open_ = false;
+        clearHistory();
         emit closed();
     }
     return true;
@@ -354,6 +367,7 @@ bool TPuzzleSession::DeleteSolved()
     untitledName_.clear();
     WriteSetting(QStringLiteral("CurrentPuzzle"), QString());
     WriteSetting(QStringLiteral("HistoryPuzzle1"), QString());
+    clearHistory();
     emit closed();
     return true;
 }
@@ -362,13 +376,17 @@ void TPuzzleSession::Reset()
 {
     open_ = false;
     untitledName_.clear();
+    history_.Clear();
 }
 
 void TPuzzleSession::reread(const TPuzzle &record)
 {
     *last_ = {QString(), TChangeKind::Whole, {}, Puzzle};
     Puzzle = record;
+    // The steps led to a record that is gone.
+    history_.Clear();
     emit changed(TChangeKind::Whole, {});
+    emit historyChanged();
 }
 
 void TPuzzleSession::SetMode(uint8_t mode)
@@ -397,7 +415,23 @@ void TPuzzleSession::Edit(const QString &caption, TChangeKind kind, const std::f
     last_->Before = Puzzle;
     change(Puzzle);
     PuzzleChanged = true;
+    if (!caption.isEmpty()) {
+        // The keystrokes of one clue are one step; emptying a clue (Ctrl+Y) is a step of its own.
+        QString mergeKey;
+        if (kind == TChangeKind::Clues) {
+            const TUndoPlace word = ChangedPlace(last_->Before, Puzzle);
+            const Direction d = word.WordDirection == 2 ? Direction::Down : Direction::Across;
+            if (!Puzzle.wordClue(word.Square.x(), word.Square.y(), d).isEmpty())
+                mergeKey = QStringLiteral("%1 %2 %3,%4")
+                               .arg(caption)
+                               .arg(word.WordDirection)
+                               .arg(word.Square.x())
+                               .arg(word.Square.y());
+        }
+        history_.Record(last_->Before, Puzzle, caption, mergeKey);
+    }
     emit changed(kind, cursor);
+    emit historyChanged();
 }
 
 void TPuzzleSession::SetCell(int c, int r, uchar ch, const QString &caption)
@@ -407,7 +441,7 @@ void TPuzzleSession::SetCell(int c, int r, uchar ch, const QString &caption)
 
 void TPuzzleSession::SetEntry(int c, int r, uchar ch)
 {
-    Edit(QStringLiteral("Entry"), TChangeKind::Entries, [&](TPuzzle &p) { p.Entries(c, r) = ch; }, {c, r});
+    Edit(QStringLiteral("Typing"), TChangeKind::Entries, [&](TPuzzle &p) { p.Entries(c, r) = ch; }, {c, r});
 }
 
 void TPuzzleSession::SetClue(int c, int r, Direction d, int slot, const QByteArray &text)
@@ -428,6 +462,41 @@ void TPuzzleSession::SetByline(const QByteArray &byline)
 void TPuzzleSession::Replace(const QString &caption, const TPuzzle &record, TChangeKind kind)
 {
     Edit(caption, kind, [&](TPuzzle &p) { p = record; });
+}
+
+std::optional<TUndoPlace> TPuzzleSession::Undo()
+{
+    return step(true);
+}
+
+std::optional<TUndoPlace> TPuzzleSession::Redo()
+{
+    return step(false);
+}
+
+std::optional<TUndoPlace> TPuzzleSession::step(bool back)
+{
+    const TPuzzle before = Puzzle;
+    const std::optional<TUndoPlace> place = back ? history_.Undo(Puzzle) : history_.Redo(Puzzle);
+    if (!place)
+        return std::nullopt;
+    PuzzleChanged = !history_.IsAtSavedPoint();
+    const TSquareHint cursor{place->Square.x(), place->Square.y()};
+    *last_ = {QString(), TChangeKind::Whole, cursor, before};
+    emit changed(TChangeKind::Whole, cursor);
+    emit historyChanged();
+    return place;
+}
+
+void TPuzzleSession::MarkDifferentFromFile()
+{
+    history_.MarkDifferentFromFile();
+}
+
+void TPuzzleSession::clearHistory()
+{
+    history_.Clear();
+    emit historyChanged();
 }
 
 TPuzzleSession &Session()

@@ -20,6 +20,7 @@
 //   the open puzzle (open, new, history, close).
 
 #include "mainwindow/sessionprompts.h"
+#include "mainwindow/undohistory.h"
 #include "model/puzzle.h"
 
 #include <QObject>
@@ -130,6 +131,18 @@ public:
     // Replaces the whole record (a transform's result, a cleared puzzle).
     void Replace(const QString &caption, const TPuzzle &record, TChangeKind kind = TChangeKind::Whole);
 
+    // --- Undo --------------------------------------------------------------------------
+    // Every change with a caption is a step of the history, which a new, opened, reverted
+    // or closed puzzle empties. Undo and Redo take the record one step back or forward,
+    // announce it as a change with no caption, and clear PuzzleChanged when the record is
+    // the one on disk again; the place of the step, or nothing when there is no step.
+    std::optional<TUndoPlace> Undo();
+    std::optional<TUndoPlace> Redo();
+    const TUndoHistory &History() const { return history_; }
+    // A puzzle that differs from its file from the start (a recovered one): undoing every
+    // step still leaves it changed.
+    void MarkDifferentFromFile();
+
 signals:
     // A puzzle was opened or created: every window starts over with it.
     void opened();
@@ -139,6 +152,8 @@ signals:
     void modeChanged(uint8_t mode);
     // No puzzle is open any more (deleted, or the program is leaving).
     void closed();
+    // What Undo and Redo would do changed, or PuzzleChanged may have.
+    void historyChanged();
 
 private:
     TAnswer ask(const QString &text, bool withCancel, bool warning = false) const;
@@ -152,7 +167,12 @@ private:
     void becomeOpen(const QString &path, uint8_t mode, const QString &untitledName = {});
 
     std::shared_ptr<TSessionPrompts> prompts_;
+    // A step taken back or made again, announced as a change.
+    std::optional<TUndoPlace> step(bool back);
+    void clearHistory();
+
     std::unique_ptr<TEditRecord> last_;
+    TUndoHistory history_;
     bool open_ = false;
     QString untitledName_;
 };

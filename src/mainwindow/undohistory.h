@@ -57,6 +57,8 @@ public:
     void Clear();
     // The record as it is now is the one on disk.
     void MarkSaved();
+    // No state the history reaches is the one on disk (a puzzle not saved yet).
+    void MarkDifferentFromFile() { savedPosition_ = -1; }
     // Undo and redo have brought the record back to the one on disk. False once the steps
     // that led back there were dropped or replaced.
     bool IsAtSavedPoint() const { return savedPosition_ == position_; }

@@ -249,7 +249,7 @@ TEST_F(PuzzleSession, EveryChangeIsAnnouncedOnce)
         std::function<bool()> done;
     } changes[] = {
         {"Typing", [] { Session().SetCell(2, 2, 'A'); }, [] { return Puzzle.Cells(2, 2) == 'A'; }},
-        {"Entry", [] { Session().SetEntry(2, 2, 'B'); }, [] { return Puzzle.Entries(2, 2) == 'B'; }},
+        {"Typing", [] { Session().SetEntry(2, 2, 'B'); }, [] { return Puzzle.Entries(2, 2) == 'B'; }},
         {"Clue", [] { Session().SetClue(1, 2, Direction::Across, 4, "New clue"); },
          [] { return Puzzle.clue(4) == "New clue" && Puzzle.slotAt(1, 2, Direction::Across) == 4; }},
         {"Byline", [] { Session().SetByline("Ann"); }, [] { return Puzzle.Byline.text() == "Ann"; }},

@@ -1,5 +1,8 @@
 #include "inspect/transforms.h"
+#include "mainwindow/puzzlesession.h"
+#include "mainwindow/puzzlestate.h"
 #include "mainwindow/undohistory.h"
+#include "model/puzzlefile.h"
 #include "testsupport.h"
 #include "views/grideditor.h"
 #include "views/gridgeometry.h"
@@ -14,6 +17,14 @@ const char *const Clued = "size 11\nbyline Ann Setter\ngrid\n"
                           "CAT#.......\n...........\n...........\n...........\n...........\n"
                           "...........\n...........\n...........\n...........\n...........\n..........#\n"
                           "clues\n1A Pet\n1D One down\n5D Five down\n";
+
+class TYesPrompts : public TSessionPrompts {
+public:
+    TAnswer Ask(const QString &, bool, bool) override { return TAnswer::Yes; }
+    std::optional<TFileChoice> ChooseFile(const TFileRequest &) override { return std::nullopt; }
+    void Error(const QString &) override {}
+    void Inform(const QString &) override {}
+};
 
 bool same(const TPuzzle &a, const TPuzzle &b)
 {
@@ -61,28 +72,6 @@ TEST(UndoHistory, MixedEditsUndoneToTheStartAndRedoneGiveBothRecordsByteForByte)
     while (history.CanRedo())
         history.Redo(p);
     EXPECT_TRUE(same(p, final));
-}
-
-TEST(UndoHistory, ASymmetricBlackPairWithItsLostCluesComesBackInOneUndo)
-{
-    Puzzle = PuzzleFrom(Clued);
-    const TPuzzle original = Puzzle;
-    TUndoHistory history;
-    TGridEditor editor;
-    editor.Symmetry = 1;
-    SquareSize = 20;
-    // (6, 1) starts 5D; its diagonal partner is (6, 11).
-    const int slot = Puzzle.slotAt(6, 1, Direction::Down);
-    ASSERT_GT(slot, 0);
-    edit(history, Puzzle, "Black Square", [&](TPuzzle &) { editor.SetSquare(5 * 20 + 4, 4, false); });
-    SquareSize = 0;
-    ASSERT_TRUE(Puzzle.isBlock(6, 1) && Puzzle.isBlock(6, 11));
-    ASSERT_TRUE(Puzzle.clue(slot).isEmpty());
-
-    EXPECT_EQ(history.Undo(Puzzle)->Square, QPoint(6, 1)) << "the cursor goes to the first square of the pair";
-    EXPECT_TRUE(same(Puzzle, original));
-    EXPECT_EQ(Puzzle.clue(slot), "Five down");
-    EXPECT_FALSE(history.CanUndo());
 }
 
 TEST(UndoHistory, TheKeystrokesOfOneClueEditAreOneStepUntilTheEditEnds)
@@ -171,4 +160,86 @@ TEST(UndoHistory, TheSavedPointIsFoundAgainUntilItsStepsAreGone)
     history.Clear();
     EXPECT_TRUE(history.IsAtSavedPoint());
     EXPECT_FALSE(history.CanUndo());
+}
+
+// The history as the session keeps it: every change through the session is a step.
+class SessionUndo : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ResetSettings();
+        Session().SetPrompts(std::make_shared<TYesPrompts>());
+        Session().Reset();
+        PuzzleMode = ConstructMode;
+        path = dir.path("clued.xwd");
+        WriteFileAtomically(path, EncodePuzzle(PuzzleFrom(Clued)));
+        ASSERT_TRUE(Session().OpenFile(path, false));
+        original = Puzzle;
+    }
+    void TearDown() override
+    {
+        Session().SetPrompts(nullptr);
+        Session().Reset();
+        PuzzleChanged = false;
+        CurrentPuzzlePath.clear();
+        SquareSize = 0;
+    }
+
+    TScratchDir dir;
+    QString path;
+    TPuzzle original;
+};
+
+TEST_F(SessionUndo, ASymmetricBlackPairWithItsLostCluesComesBackInOneUndo)
+{
+    TGridEditor editor;
+    editor.Symmetry = 1;
+    SquareSize = 20;
+    // (6, 1) starts 5D; its diagonal partner is (6, 11).
+    const int slot = Puzzle.slotAt(6, 1, Direction::Down);
+    ASSERT_GT(slot, 0);
+    editor.SetSquare(5 * 20 + 4, 4, false);
+    ASSERT_TRUE(Puzzle.isBlock(6, 1) && Puzzle.isBlock(6, 11));
+    ASSERT_TRUE(Puzzle.clue(slot).isEmpty());
+    EXPECT_EQ(Session().History().UndoCaption(), "Black Square");
+
+    EXPECT_EQ(Session().Undo()->Square, QPoint(6, 1)) << "the cursor goes to the first square of the pair";
+    EXPECT_TRUE(same(Puzzle, original));
+    EXPECT_EQ(Puzzle.clue(slot), "Five down");
+    EXPECT_FALSE(Session().History().CanUndo());
+    EXPECT_FALSE(PuzzleChanged) << "back to the puzzle as it was opened";
+}
+
+TEST_F(SessionUndo, UndoingToTheSavedRecordClearsPuzzleChanged)
+{
+    Session().SetCell(2, 2, 'A');
+    ASSERT_TRUE(Session().Save());
+    Session().SetCell(2, 3, 'B');
+    ASSERT_TRUE(PuzzleChanged);
+    Session().Undo();
+    EXPECT_FALSE(PuzzleChanged) << "the record is the saved one";
+    Session().Undo();
+    EXPECT_TRUE(PuzzleChanged) << "before the save is a change too";
+    Session().Redo();
+    EXPECT_FALSE(PuzzleChanged);
+    EXPECT_EQ(Session().History().RedoCaption(), "Typing");
+
+    // Revert and another open start the history afresh.
+    ASSERT_TRUE(Session().Revert());
+    EXPECT_FALSE(Session().History().CanUndo() || Session().History().CanRedo());
+    Session().SetCell(2, 4, 'C');
+    ASSERT_TRUE(Session().OpenFile(path, true));
+    EXPECT_FALSE(Session().History().CanUndo());
+}
+
+TEST_F(SessionUndo, AClueIsOneStepAndEmptyingItAnother)
+{
+    for (const char *text : {"P", "Pu", "Purr"})
+        Session().SetClue(1, 1, Direction::Across, 1, text);
+    Session().SetClue(1, 1, Direction::Across, 1, {});  // Ctrl+Y
+    Session().Undo();
+    EXPECT_EQ(Puzzle.clue(1), "Purr");
+    Session().Undo();
+    EXPECT_EQ(Puzzle.clue(1), "Pet");
+    EXPECT_FALSE(Session().History().CanUndo());
 }

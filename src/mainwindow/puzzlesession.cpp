@@ -244,6 +244,18 @@ bool TPuzzleSession::OpenHistory(int k)
     return true;
 }
 
+bool TPuzzleSession::OpenRecovered(const TPuzzle &record, const QString &path, uint8_t mode)
+{
+    if (!SaveChangesQuery())
+        return false;
+    Puzzle = record;
+    PuzzleChanged = true;
+    becomeOpen(path, mode == SolveMode ? SolveMode : ConstructMode,
+               path.isEmpty() ? QStringLiteral("RECOVERED") : QString());
+    history_.MarkDifferentFromFile();
+    return true;
+}
+
 bool TPuzzleSession::Save()
 {
     if (!open_)
@@ -465,7 +477,11 @@ void TPuzzleSession::SetByline(const QByteArray &byline)
 
 void TPuzzleSession::SetLanguageMark(int language)
 {
+    const TPuzzle before = Puzzle;
     MarkLanguageChoice(Puzzle, language);
+    // Still a change of the record's bytes: a step, so that undo gives the record back whole.
+    history_.Record(before, Puzzle, QStringLiteral("Grid Language"), QStringLiteral("Grid Language"));
+    emit historyChanged();
 }
 
 void TPuzzleSession::Replace(const QString &caption, const TPuzzle &record, TChangeKind kind)
@@ -494,6 +510,7 @@ std::optional<TUndoPlace> TPuzzleSession::step(bool back)
     *last_ = {QString(), TChangeKind::Whole, cursor, before};
     emit changed(TChangeKind::Whole, cursor);
     emit historyChanged();
+    emit restored();
     return place;
 }
 

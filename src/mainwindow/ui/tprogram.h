@@ -13,13 +13,15 @@ class TCluesForm;
 class TAutoclueForm;
 class TSoundFX;
 class TInfoWin;
+class TRecoveryKeeper;
 
 class TProgram {
 public:
     TProgram();
     ~TProgram();
 
-    // Shows the main window and runs its start-up with the command-line arguments.
+    // Shows the main window and runs its start-up with the command-line arguments, then
+    // offers what a run that did not end well left to recover.
     void Start(const QStringList &arguments);
 
     TXwdMainForm *MainForm = nullptr;
@@ -34,6 +36,7 @@ private:
     std::unique_ptr<TXwdMainForm> main_;
     std::unique_ptr<TXwdProcs> procs_;
     std::unique_ptr<TSoundFX> sound_;
+    std::unique_ptr<TRecoveryKeeper> recovery_;
 };
 
 // Reports an exception that escapes a command as the program's error message instead of

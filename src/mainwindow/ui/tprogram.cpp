@@ -81,7 +81,11 @@ void TProgram::Start(const QStringList &arguments)
 {
     MainForm->show();
     MainForm->FormShow(arguments);
-    OfferRecovery(MainForm, *recovery_);
+}
+
+void TProgram::OfferRecovery()
+{
+    ::OfferRecovery(MainForm, *recovery_);
 }
 
 bool TQuillmarkApplication::notify(QObject *receiver, QEvent *event)

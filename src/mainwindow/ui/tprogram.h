@@ -20,9 +20,11 @@ public:
     TProgram();
     ~TProgram();
 
-    // Shows the main window and runs its start-up with the command-line arguments, then
-    // offers what a run that did not end well left to recover.
+    // Shows the main window and runs its start-up with the command-line arguments.
     void Start(const QStringList &arguments);
+    // Offers what a run that did not end well left to recover; the desktop program asks
+    // once its splash has gone.
+    void OfferRecovery();
 
     TXwdMainForm *MainForm = nullptr;
     TXwdProcs *Procs = nullptr;

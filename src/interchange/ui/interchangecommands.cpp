@@ -4,14 +4,11 @@
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/dialogs.h"
 #include "mainwindow/ui/tinfowin.h"
-#include "mainwindow/ui/tsoundfx.h"
 #include "mainwindow/ui/txwdmainform.h"
 #include "model/puzzlefile.h"
-#include "views/ui/txwdgridform.h"
 
 #include <QAction>
 #include <QDir>
-#include <QFileInfo>
 #include <QMenu>
 
 namespace {

@@ -37,10 +37,8 @@ public:
     // Records the change from `before` to `after` (nothing when they are equal) and drops
     // what could have been redone. A change with the same non-empty `mergeKey` as the last
     // one joins it as one step (the keystrokes of one clue edit), unless something was
-    // undone, saved or ended in between. The oldest steps go when the bounds are passed.
+    // undone or saved in between. The oldest steps go when the bounds are passed.
     void Record(const TPuzzle &before, const TPuzzle &after, const QString &caption, const QString &mergeKey = {});
-    // The next change starts a step of its own, whatever its merge key.
-    void EndMerge() { mergeOpen_ = false; }
 
     bool CanUndo() const { return position_ > 0; }
     bool CanRedo() const { return position_ < int(steps_.size()); }

@@ -105,10 +105,7 @@ private slots:
         QVERIFY2(!edit->menuAction()->isVisible(), "no puzzle, no Edit: the logo-wide window keeps its titles");
         openPuzzle();
         QCOMPARE(undoText(), QStringLiteral("&Undo"));
-        QVERIFY(!act("UndoAct")->isEnabled());
-        QVERIFY(!act("RedoAct")->isEnabled());
-        QCOMPARE(act("UndoAct")->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Z));
-        QCOMPARE(act("RedoAct")->shortcut(), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
+        QVERIFY(!act("UndoAct")->isEnabled() && !act("RedoAct")->isEnabled());
 
         QMenuBar *bar = main()->menuBar();
         QStringList titles;
@@ -164,7 +161,7 @@ private slots:
         ctrlZ(main());
         QCOMPARE(EncodePuzzle(Puzzle), saved);
         QCOMPARE(redoText(), QStringLiteral("&Redo Flip"));
-        act("RedoAct")->trigger();
+        QTest::keyClick(grid(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
         QCOMPARE(char(Puzzle.Cells(1, 1)), 'K');
         act("UndoAct")->trigger();
 

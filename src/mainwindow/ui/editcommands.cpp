@@ -65,16 +65,17 @@ void InstallEditCommands(TXwdMainForm *form)
     QObject::connect(undo, &QAction::triggered, form, [] { step(true); });
     QObject::connect(redo, &QAction::triggered, form, [] { step(false); });
 
+    // Without a puzzle the menu hides, and the logo-wide window keeps its menu line.
+    const auto open = [] { return Session().IsOpen(); };
+    form->ShowWhen(undo, open);
+    form->ShowWhen(redo, open);
+    // What can be taken back changes with every edit, not only with the mode.
     const auto update = [undo, redo] {
         const TUndoHistory &history = Session().History();
-        const bool open = Session().IsOpen();
         undo->setText(history.CanUndo() ? QStringLiteral("&Undo ") + history.UndoCaption() : QStringLiteral("&Undo"));
         redo->setText(history.CanRedo() ? QStringLiteral("&Redo ") + history.RedoCaption() : QStringLiteral("&Redo"));
-        undo->setEnabled(open && history.CanUndo());
-        redo->setEnabled(open && history.CanRedo());
-        // Without a puzzle the menu hides, and the logo-wide window keeps its menu line.
-        undo->setVisible(open);
-        redo->setVisible(open);
+        undo->setEnabled(Session().IsOpen() && history.CanUndo());
+        redo->setEnabled(Session().IsOpen() && history.CanRedo());
     };
     QObject::connect(&Session(), &TPuzzleSession::historyChanged, form, update);
     QObject::connect(form, &TXwdMainForm::ActionsUpdated, form, update);

@@ -107,7 +107,9 @@ bool TPuzzleSession::commit(const QString &path, const TPuzzle &record)
     if (&record != &Puzzle)
         Puzzle = record;
     PuzzleChanged = false;
+    history_.MarkSaved();
     emit saved(path, false);
+    emit historyChanged();
     return true;
 }
 
@@ -117,8 +119,13 @@ void TPuzzleSession::becomeOpen(const QString &path, uint8_t mode, const QString
     PuzzleMode = mode;
     untitledName_ = untitledName;
     open_ = true;
+    history_.Clear();
+    // A puzzle with no file yet is changed whatever is undone.
+    if (path.isEmpty())
+        history_.MarkDifferentFromFile();
     WriteSetting(QStringLiteral("CurrentPuzzle"), CurrentPuzzlePath);
     emit opened();
+    emit historyChanged();
 }
 
 bool TPuzzleSession::New(int size)
@@ -237,6 +244,18 @@ bool TPuzzleSession::OpenHistory(int k)
     return true;
 }
 
+bool TPuzzleSession::OpenRecovered(const TPuzzle &record, const QString &path, uint8_t mode)
+{
+    if (!SaveChangesQuery())
+        return false;
+    Puzzle = record;
+    PuzzleChanged = true;
+    becomeOpen(path, mode == SolveMode ? SolveMode : ConstructMode,
+               path.isEmpty() ? QStringLiteral("RECOVERED") : QString());
+    history_.MarkDifferentFromFile();
+    return true;
+}
+
 bool TPuzzleSession::Save()
 {
     if (!open_)
@@ -265,7 +284,11 @@ bool TPuzzleSession::SaveAs()
     }
     if (!commit(choice->Path, Puzzle))
         return false;
+    // The same record under another name: its steps can still be taken back.
+    TUndoHistory kept = history_;
     becomeOpen(choice->Path, PuzzleMode);
+    history_ = std::move(kept);
+    emit historyChanged();
     return true;
 }
 
@@ -295,6 +318,7 @@ bool TPuzzleSession::Revert()
     }
     Replace(QStringLiteral("Revert"), onDisk);
     PuzzleChanged = false;
+    clearHistory();
     return true;
 }
 
@@ -339,6 +363,7 @@ bool TPuzzleSession::Close()
         return false;
     if (open_) {
         open_ = false;
+        clearHistory();
         emit closed();
     }
     return true;
@@ -358,6 +383,7 @@ bool TPuzzleSession::DeleteSolved()
     untitledName_.clear();
     WriteSetting(QStringLiteral("CurrentPuzzle"), QString());
     WriteSetting(QStringLiteral("HistoryPuzzle1"), QString());
+    clearHistory();
     emit closed();
     return true;
 }
@@ -366,13 +392,17 @@ void TPuzzleSession::Reset()
 {
     open_ = false;
     untitledName_.clear();
+    history_.Clear();
 }
 
 void TPuzzleSession::reread(const TPuzzle &record)
 {
     *last_ = {QString(), TChangeKind::Whole, {}, Puzzle};
     Puzzle = record;
+    // The steps led to a record that is gone.
+    history_.Clear();
     emit changed(TChangeKind::Whole, {});
+    emit historyChanged();
 }
 
 void TPuzzleSession::SetMode(uint8_t mode)
@@ -401,7 +431,23 @@ void TPuzzleSession::Edit(const QString &caption, TChangeKind kind, const std::f
     last_->Before = Puzzle;
     change(Puzzle);
     PuzzleChanged = true;
+    if (!caption.isEmpty()) {
+        // The keystrokes of one clue are one step; emptying a clue (Ctrl+Y) is a step of its own.
+        QString mergeKey;
+        if (kind == TChangeKind::Clues) {
+            const TUndoPlace word = ChangedPlace(last_->Before, Puzzle);
+            const Direction d = word.WordDirection == 2 ? Direction::Down : Direction::Across;
+            if (!Puzzle.wordClue(word.Square.x(), word.Square.y(), d).isEmpty())
+                mergeKey = QStringLiteral("%1 %2 %3,%4")
+                               .arg(caption)
+                               .arg(word.WordDirection)
+                               .arg(word.Square.x())
+                               .arg(word.Square.y());
+        }
+        history_.Record(last_->Before, Puzzle, caption, mergeKey);
+    }
     emit changed(kind, cursor);
+    emit historyChanged();
 }
 
 void TPuzzleSession::SetCell(int c, int r, uchar ch, const QString &caption)
@@ -411,7 +457,7 @@ void TPuzzleSession::SetCell(int c, int r, uchar ch, const QString &caption)
 
 void TPuzzleSession::SetEntry(int c, int r, uchar ch)
 {
-    Edit(QStringLiteral("Entry"), TChangeKind::Entries, [&](TPuzzle &p) { p.Entries(c, r) = ch; }, {c, r});
+    Edit(QStringLiteral("Typing"), TChangeKind::Entries, [&](TPuzzle &p) { p.Entries(c, r) = ch; }, {c, r});
 }
 
 void TPuzzleSession::SetClue(int c, int r, Direction d, int slot, const QByteArray &text)
@@ -431,12 +477,52 @@ void TPuzzleSession::SetByline(const QByteArray &byline)
 
 void TPuzzleSession::SetLanguageMark(int language)
 {
+    const TPuzzle before = Puzzle;
     MarkLanguageChoice(Puzzle, language);
+    // Still a change of the record's bytes: a step, so that undo gives the record back whole.
+    history_.Record(before, Puzzle, QStringLiteral("Grid Language"), QStringLiteral("Grid Language"));
+    emit historyChanged();
 }
 
 void TPuzzleSession::Replace(const QString &caption, const TPuzzle &record, TChangeKind kind)
 {
     Edit(caption, kind, [&](TPuzzle &p) { p = record; });
+}
+
+std::optional<TUndoPlace> TPuzzleSession::Undo()
+{
+    return step(true);
+}
+
+std::optional<TUndoPlace> TPuzzleSession::Redo()
+{
+    return step(false);
+}
+
+std::optional<TUndoPlace> TPuzzleSession::step(bool back)
+{
+    const TPuzzle before = Puzzle;
+    const std::optional<TUndoPlace> place = back ? history_.Undo(Puzzle) : history_.Redo(Puzzle);
+    if (!place)
+        return std::nullopt;
+    PuzzleChanged = !history_.IsAtSavedPoint();
+    const TSquareHint cursor{place->Square.x(), place->Square.y()};
+    *last_ = {QString(), TChangeKind::Whole, cursor, before};
+    emit changed(TChangeKind::Whole, cursor);
+    emit historyChanged();
+    emit restored();
+    return place;
+}
+
+void TPuzzleSession::MarkDifferentFromFile()
+{
+    history_.MarkDifferentFromFile();
+}
+
+void TPuzzleSession::clearHistory()
+{
+    history_.Clear();
+    emit historyChanged();
 }
 
 TPuzzleSession &Session()

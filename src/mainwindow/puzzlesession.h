@@ -20,6 +20,7 @@
 //   the open puzzle (open, new, history, close).
 
 #include "mainwindow/sessionprompts.h"
+#include "mainwindow/undohistory.h"
 #include "model/puzzle.h"
 
 #include <QObject>
@@ -87,6 +88,9 @@ public:
     bool Import(const QString &path, bool solving);
     // History entry k (1 to 3) as stored in the settings.
     bool OpenHistory(int k);
+    // A puzzle kept from a run that did not end well, under its own path (none for one
+    // never saved) and in its mode, marked changed: the recovered work is not on disk yet.
+    bool OpenRecovered(const TPuzzle &record, const QString &path, uint8_t mode);
     // Writes the open puzzle to its file; a puzzle with no file asks for a name (SaveAs).
     bool Save();
     // "Save puzzle as...": the puzzle under a new name, which it then carries; the
@@ -130,9 +134,22 @@ public:
     // Replaces the whole record (a transform's result, a cleared puzzle).
     void Replace(const QString &caption, const TPuzzle &record, TChangeKind kind = TChangeKind::Whole);
     // The preferences' last chosen grid language, kept in the clue slot no word uses. It is
-    // no edit of the puzzle (nothing reads it back): no step, no announcement, and
-    // PuzzleChanged stays as it is.
+    // no edit of the puzzle (nothing reads it back): no announcement, and PuzzleChanged
+    // stays as it is; but it is an undo step (one for a row of clicks), so that undo gives
+    // the record back byte for byte.
     void SetLanguageMark(int language);
+
+    // --- Undo --------------------------------------------------------------------------
+    // Every change with a caption is a step of the history, which a new, opened, reverted
+    // or closed puzzle empties. Undo and Redo take the record one step back or forward,
+    // announce it as a change with no caption, and clear PuzzleChanged when the record is
+    // the one on disk again; the place of the step, or nothing when there is no step.
+    std::optional<TUndoPlace> Undo();
+    std::optional<TUndoPlace> Redo();
+    const TUndoHistory &History() const { return history_; }
+    // A puzzle that differs from its file from the start (a recovered one): undoing every
+    // step still leaves it changed.
+    void MarkDifferentFromFile();
 
 signals:
     // A puzzle was opened or created: every window starts over with it.
@@ -143,6 +160,11 @@ signals:
     void modeChanged(uint8_t mode);
     // No puzzle is open any more (deleted, or the program is leaving).
     void closed();
+    // What Undo and Redo would do changed, or PuzzleChanged may have.
+    void historyChanged();
+    // Undo or Redo took the record a step back or forward (after `changed`): every window
+    // shows the puzzle afresh, also those that otherwise wait for the user to ask.
+    void restored();
 
 private:
     TAnswer ask(const QString &text, bool withCancel, bool warning = false) const;
@@ -156,7 +178,12 @@ private:
     void becomeOpen(const QString &path, uint8_t mode, const QString &untitledName = {});
 
     std::shared_ptr<TSessionPrompts> prompts_;
+    // A step taken back or made again, announced as a change.
+    std::optional<TUndoPlace> step(bool back);
+    void clearHistory();
+
     std::unique_ptr<TEditRecord> last_;
+    TUndoHistory history_;
     bool open_ = false;
     QString untitledName_;
 };

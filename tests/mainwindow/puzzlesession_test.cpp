@@ -257,7 +257,7 @@ TEST_F(PuzzleSession, EveryChangeIsAnnouncedOnce)
              editor.SetSquare(5, 5, false);
          },
          [] { return Puzzle.isBlock(1, 1) && Puzzle.isBlock(11, 11); }},
-        {"Entry", [] { Session().SetEntry(2, 2, 'B'); }, [] { return Puzzle.Entries(2, 2) == 'B'; }},
+        {"Typing", [] { Session().SetEntry(2, 2, 'B'); }, [] { return Puzzle.Entries(2, 2) == 'B'; }},
         {"Clue", [] { Session().SetClue(1, 2, Direction::Across, 4, "New clue"); },
          [] { return Puzzle.clue(4) == "New clue" && Puzzle.slotAt(1, 2, Direction::Across) == 4; }},
         {"Byline", [] { Session().SetByline("Ann"); }, [] { return Puzzle.Byline.text() == "Ann"; }},

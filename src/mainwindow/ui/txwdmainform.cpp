@@ -10,6 +10,7 @@
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/specifications.h"
 #include "mainwindow/ui/appresources.h"
+#include "mainwindow/ui/editcommands.h"
 #include "mainwindow/ui/puzzlecommands.h"
 #include "mainwindow/ui/solvingstatus.h"
 #include "mainwindow/ui/toolscommands.h"
@@ -101,6 +102,7 @@ TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
     InstallHelpCommands(this);
     InstallWebCommands(this);
     InstallInterchangeCommands(this);
+    InstallEditCommands(this);
     status_ = std::make_unique<TSolvingStatusLine>(ModeLabel, DataMemo);
     arrangement_ = std::make_unique<TWindowArrangement>(this);
     connectSession();
@@ -113,6 +115,10 @@ void TXwdMainForm::connectSession()
 {
     TPuzzleSession &session = Session();
     connect(&session, &TPuzzleSession::opened, this, &TXwdMainForm::PuzzleOpened);
+    connect(&session, &TPuzzleSession::restored, this, [this] {
+        if (constructing() && ModeLabel->text() == QStringLiteral("Specifications"))
+            UpdateBtnClick();
+    });
     connect(&session, &TPuzzleSession::modeChanged, this, &TXwdMainForm::updateActions);
     connect(&session, &TPuzzleSession::closed, this, &TXwdMainForm::updateActions);
 }
@@ -407,7 +413,9 @@ void TXwdMainForm::RebuildHistory()
 QSize TXwdMainForm::MinimumFittedSize() const
 {
     const QFontMetrics metrics(DataMemo->font());
-    const int width = std::max(270, metrics.horizontalAdvance(QStringLiteral("MBlack Squares: 99 Par: 99M")));
+    // Wide enough for the status text and for every menu title the open puzzle shows.
+    const int width = std::max({270, metrics.horizontalAdvance(QStringLiteral("MBlack Squares: 99 Par: 99M")),
+                                menuBar()->sizeHint().width()});
     const int height = menuBar()->sizeHint().height() + ToolPanel->sizeHint().height() + ModeLineHeight +
                        5 * metrics.lineSpacing() + UpdateBtn->sizeHint().height() + Byline->sizeHint().height();
     return {width, height};
@@ -415,14 +423,12 @@ QSize TXwdMainForm::MinimumFittedSize() const
 
 void TXwdMainForm::PuzzleOpened()
 {
-    if (!firstOpenDone_) {
+    const bool firstOpen = !firstOpenDone_;
+    if (firstOpen) {
         firstOpenDone_ = true;
         LogoImage->setVisible(false);
         ModeLabel->setFixedHeight(ModeLineHeight);
         DataMemo->setVisible(true);
-        setMinimumSize(MinimumFittedSize());
-        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-        resize(minimumSize());
     }
     DataMemo->clear();
     if (AutoclueForm && AutoclueForm->isVisible())
@@ -451,6 +457,12 @@ void TXwdMainForm::PuzzleOpened()
         XwdGridForm->NextSymmetry(true);
     showSymmetry();
     updateActions();
+    // Fitted once the commands of an open puzzle show, their menus' titles among them.
+    if (firstOpen) {
+        setMinimumSize(MinimumFittedSize());
+        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        resize(minimumSize());
+    }
 
     if (solvingNow) {
         SymmetryBtn->setIcon(Glyph(QStringLiteral("OFFSYMMETRY")));

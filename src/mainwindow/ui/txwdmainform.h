@@ -60,7 +60,7 @@ public:
     QSize MinimumFittedSize() const;
 
     // The menus every subsystem adds its commands to, by object name: "PuzzleMenu",
-    // "ExportMenu" and "ClipboardMenu" (under Puzzle), "OptionsMenu", "GridMenu",
+    // "ExportMenu" and "ClipboardMenu" (under Puzzle), "EditMenu", "OptionsMenu", "GridMenu",
     // "TransformMenu" (under Grid), "ToolsMenu", "HelpMenu". A menu with no visible command hides itself.
     QMenu *Menu(const QString &objectName) const;
     bool IsPuzzleOpen() const;

@@ -1,5 +1,6 @@
 #include "views/ui/tcluesform.h"
 
+#include "mainwindow/puzzlesession.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/appresources.h"
 #include "mainwindow/ui/txwdmainform.h"
@@ -94,6 +95,10 @@ TCluesForm::TCluesForm(QWidget *parent) : QWidget(parent, Qt::Tool)
     setObjectName(QStringLiteral("CluesForm"));
     setWindowTitle(QStringLiteral("Clues"));
     handCursor_ = AppCursor(QStringLiteral("HANDPNT"));
+    connect(&Session(), &TPuzzleSession::restored, this, [this] {
+        if (isVisible())
+            Fill();
+    });
 
     ClueList = new QListWidget(this);
     ClueList->setObjectName(QStringLiteral("ClueList"));

@@ -80,6 +80,8 @@ QList<TCliCommand> PrintCommands();
 QList<TCliCommand> ClueCommands();
 // The web page of a puzzle and the web player (export-web, generate-player).
 QList<TCliCommand> WebCommands();
+// The word lists: the words that fit a pattern, and the report on a grid's fill (match, fill-report).
+QList<TCliCommand> WordListCommands();
 
 // The word-list options of the commands that use the lists: --language L, --wordlist FILE
 // (repeatable, in order of priority), --no-default-list, --min-score N.

@@ -15,9 +15,6 @@
 #include <string_view>
 #include <vector>
 
-// The character of a pattern that stands for any letter.
-constexpr char AnyLetter = '?';
-
 // The matching words of one length as bits, one a word in the index's order.
 using TWordMask = std::vector<uint64_t>;
 

@@ -2,6 +2,7 @@
 // The grid's words as fill slots: where each starts, its direction and length, the squares
 // it crosses, and its letters as a pattern for the index.
 
+#include "fill/wordlist.h"
 #include "model/puzzle.h"
 
 #include <QByteArray>

@@ -16,6 +16,8 @@
 constexpr int MinWordLength = 2;
 constexpr int MaxWordLength = 23;
 constexpr int MaxWordScore = 100;
+// The character of a pattern that stands for any letter.
+constexpr char AnyLetter = '?';
 // The score of a line that gives a word alone.
 constexpr int PlainWordScore = 50;
 

@@ -131,6 +131,7 @@ struct TWordListSource {
     QString Path;
     bool Enabled = true;
     bool isDefault() const { return Path.isEmpty(); }
+    bool operator==(const TWordListSource &) const = default;
 };
 
 // What to offer: the lists by priority, the personal list, the lowest score offered.
@@ -139,6 +140,7 @@ struct TWordListConfig {
     QList<TWordListSource> Sources;
     QString PersonalPath;  // empty: no personal list
     int MinScore = 0;
+    bool operator==(const TWordListConfig &) const = default;
 };
 
 // The merged words and what went wrong on the way.

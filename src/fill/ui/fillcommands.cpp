@@ -41,9 +41,9 @@ public:
         if (isVisible() && Puzzle.Size > 0 && PuzzleMode != SolveMode)
             if (const auto lexicon = WordLists().FromSettings())
                 dead_ = DeadSquares(lexicon->Index, Puzzle);
+        setProperty("deadSquares", QVariant::fromValue(dead_));
         update();
     }
-    const QList<QPoint> &dead() const { return dead_; }
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override

@@ -114,6 +114,7 @@ void InstallFillCommands(TXwdMainForm *form)
     shadeAct->setObjectName(QStringLiteral("ShadeDeadSquaresAct"));
     shadeAct->setCheckable(true);
     shadeAct->setChecked(ReadInt(ShadeKey, 0) != 0);
+    grid->addSeparator();
     for (QAction *action : {finderAct, constrainedAct, shadeAct}) {
         action->setShortcutContext(Qt::ApplicationShortcut);
         grid->addAction(action);

@@ -1,5 +1,6 @@
 #include "mainwindow/puzzlesession.h"
 
+#include "clues/gridlanguage.h"
 #include "interchange/interchange.h"
 #include "mainwindow/history.h"
 #include "mainwindow/puzzlestate.h"
@@ -167,6 +168,9 @@ bool TPuzzleSession::OpenFile(const QString &path, bool solving)
             } catch (const TPuzzleIOError &) {
             }
         }
+        // The command line's puzzle that cannot be read leaves none open.
+        if (!open_)
+            CurrentPuzzlePath.clear();
         error(CorruptMessage);
         return false;
     }
@@ -423,6 +427,11 @@ void TPuzzleSession::SetClue(int c, int r, Direction d, int slot, const QByteArr
 void TPuzzleSession::SetByline(const QByteArray &byline)
 {
     Edit(QStringLiteral("Byline"), TChangeKind::Byline, [&](TPuzzle &p) { p.Byline.setText(byline); });
+}
+
+void TPuzzleSession::SetLanguageMark(int language)
+{
+    MarkLanguageChoice(Puzzle, language);
 }
 
 void TPuzzleSession::Replace(const QString &caption, const TPuzzle &record, TChangeKind kind)

@@ -129,6 +129,10 @@ public:
     void SetByline(const QByteArray &byline);
     // Replaces the whole record (a transform's result, a cleared puzzle).
     void Replace(const QString &caption, const TPuzzle &record, TChangeKind kind = TChangeKind::Whole);
+    // The preferences' last chosen grid language, kept in the clue slot no word uses. It is
+    // no edit of the puzzle (nothing reads it back): no step, no announcement, and
+    // PuzzleChanged stays as it is.
+    void SetLanguageMark(int language);
 
 signals:
     // A puzzle was opened or created: every window starts over with it.

@@ -283,10 +283,8 @@ void TAutoclueForm::DefEditChange()
         DefEdit->setCursorPosition(caret);
         return;
     }
-    if (Walk.StoreClue(ToCp1252(DefEdit->text()))) {
+    if (Walk.StoreClue(ToCp1252(DefEdit->text())))
         replaceDefLine();
-        PuzzleChanged = true;
-    }
 }
 
 void TAutoclueForm::replaceDefLine()

@@ -2,6 +2,7 @@
 
 #include "clues/gridlanguage.h"
 #include "fill/ui/twordlistspage.h"
+#include "mainwindow/puzzlesession.h"
 #include "mainwindow/screenlayout.h"
 #include "mainwindow/ui/appresources.h"
 #include "mainwindow/ui/dialogs.h"
@@ -801,7 +802,7 @@ bool TXwdPrefForm::eventFilter(QObject *watched, QEvent *event)
 void TXwdPrefForm::LangGroupClick(int index)
 {
     // The last chosen language travels in the clue slot no word uses; nothing reads it back.
-    MarkLanguageChoice(Puzzle, index);
+    Session().SetLanguageMark(index);
 }
 
 void TXwdPrefForm::DefaultsBtnClick()

@@ -212,14 +212,10 @@ void TCluesForm::ClueListClick()
     const int row = ClueList->currentRow();
     if (row < 0 || !XwdGridForm)
         return;
-    TGridEditor &grid = XwdGridForm->Editor;
-    if (grid.WordDirection != 0)
-        XwdGridForm->RestoreHighlight();
     const int slot = row + 1;
-    const TClueListPick pick = ClueListPickWord(Puzzle, slot, grid.WordDirection, SquareSize);
-    grid.WordDirection = pick.WordDirection;
-    grid.HighlightWord(pick.Point, PickedWordColor);
-    XwdGridForm->update();
+    // Where the word is found depends on the direction left once the old one is taken back.
+    const TClueListPick pick = ClueListPickWord(Puzzle, slot, XwdGridForm->TakeBackWord(), SquareSize);
+    XwdGridForm->SelectWord(pick.Point, pick.WordDirection, PickedWordColor);
     if (XwdMainForm)
         XwdMainForm->ShowSolvingClue(slot);
 }

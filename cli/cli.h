@@ -90,6 +90,8 @@ struct TWordListOptions {
     bool LanguageGiven = false;
 };
 TWordListOptions TakeWordListOptions(Arguments &args);
+// Their lines in the help text.
+QString WordListOptionsUsage();
 // The merged words; a list that cannot be read ends the command with exit 2, malformed
 // lines are reported on standard error and skipped.
 TWordList LoadWordListsOrFail(const TWordListConfig &config);

@@ -127,13 +127,6 @@ int fillReport(Arguments args, QTextStream &out)
     return 0;
 }
 
-const char *WordListOptionsUsage = "      --language L    a grid language by name or number (match: English; fill-report:\n"
-                                   "                      the puzzle's own)\n"
-                                   "      --wordlist FILE a list of WORD;SCORE lines, before the default list; repeatable,\n"
-                                   "                      the first list that has a word gives its score\n"
-                                   "      --no-default-list  only the lists given\n"
-                                   "      --min-score N   leaves out words scoring under N (0 to 100)\n";
-
 }  // namespace
 
 QList<TCliCommand> WordListCommands()
@@ -143,7 +136,7 @@ QList<TCliCommand> WordListCommands()
         [--count] [--json] PATTERN
       Lists the words that fit PATTERN (letters, ? for any letter), one WORD<TAB>SCORE a
       line, best score first, then alphabetical; --count prints only how many.
-)") + QLatin1String(WordListOptionsUsage), match},
+)") + WordListOptionsUsage(), match},
         {QStringLiteral("fill-report"), QStringLiteral(R"(  fill-report [--json] [word-list options] FILE
       Every complete entry of the grid with its score, the entries in no list, the
       lowest-scoring entries, repeated entries and the average score.

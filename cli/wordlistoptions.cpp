@@ -27,6 +27,16 @@ TWordListOptions TakeWordListOptions(Arguments &args)
     return o;
 }
 
+QString WordListOptionsUsage()
+{
+    return QStringLiteral("      --language L    a grid language by name or number (default: English, or the\n"
+                          "                      puzzle's own for a command that reads one)\n"
+                          "      --wordlist FILE a list of WORD;SCORE lines, before the default list; repeatable,\n"
+                          "                      the first list that has a word gives its score\n"
+                          "      --no-default-list  only the lists given\n"
+                          "      --min-score N   leaves out words scoring under N (0 to 100)\n");
+}
+
 TWordList LoadWordListsOrFail(const TWordListConfig &config)
 {
     TLoadedWords loaded = LoadWordLists(config);

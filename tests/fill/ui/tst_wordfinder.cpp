@@ -2,6 +2,7 @@
 // the main window with a small word list of the test's own.
 
 #include "fill/ui/twordfinderform.h"
+#include "fill/ui/twordlistspage.h"
 #include "mainwindow/puzzlesession.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/tprogram.h"
@@ -17,6 +18,10 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSpinBox>
 #include <QTreeView>
 
 namespace {
@@ -142,6 +147,35 @@ private slots:
         act("MostConstrainedAct")->trigger();
         QCOMPARE(grid()->Editor.WordDirection, 2);
         QCOMPARE(CellAt(grid()->Editor.CursorPos), QPoint(3, 1));
+    }
+
+    void theWordListsPageKeepsOrderSwitchesAndTheLowestScore()
+    {
+        TWordListsPage page;
+        page.Load();
+        QCOMPARE(page.ListsList->count(), 2);
+        QCOMPARE(page.ListsList->item(1)->text(), QStringLiteral("Default list (English)"));
+        QCOMPARE(page.ListsList->item(1)->checkState(), Qt::Unchecked);
+        page.ListsList->setCurrentRow(1);
+        page.UpBtn->click();
+        page.ListsList->item(0)->setCheckState(Qt::Checked);
+        page.ListsList->item(1)->setCheckState(Qt::Unchecked);
+        QCOMPARE(page.ListsList->currentRow(), 0);
+        page.RemoveListBtn->click();
+        QCOMPARE(page.ListsList->count(), 2);  // the default list can be switched off, not removed
+        page.MinScoreSpin->setValue(30);
+        page.PersonalEdit->setPlainText(QStringLiteral("zebra;80\n-cat"));
+        page.Save();
+        const TWordListConfig config = WordListConfigFromSettings(0);
+        QCOMPARE(config.Sources.size(), 2);
+        QVERIFY(config.Sources[0].isDefault() && config.Sources[0].Enabled);
+        QCOMPARE(config.Sources[1].Path, dir->path("words.txt"));
+        QVERIFY(!config.Sources[1].Enabled);
+        QCOMPARE(config.MinScore, 30);
+        const TPersonalList personal = ReadPersonalList(config.PersonalPath);
+        QCOMPARE(personal.Excluded, QStringList{QStringLiteral("cat")});
+        QCOMPARE(personal.Added.size(), 1);
+        QCOMPARE(personal.Added[0].Score, 80);
     }
 };
 

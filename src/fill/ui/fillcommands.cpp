@@ -82,7 +82,7 @@ TDeadSquareOverlay *overlay()
 }
 
 // Moves the grid's cursor to the unfilled word with the fewest words that fit.
-void MostConstrainedClick()
+void MostConstrainedClick(TXwdMainForm *form)
 {
     const auto lexicon = WordLists().FromSettings();
     if (!lexicon || !XwdGridForm || Puzzle.Size == 0)
@@ -97,6 +97,10 @@ void MostConstrainedClick()
     XwdGridForm->ClickCell(at.x(), at.y(), slot->Dir == Direction::Across ? Qt::LeftButton : Qt::RightButton);
     XwdGridForm->Editor.MouseSwapped = swapped;
     XwdGridForm->activateWindow();
+    // No click reached the grid, so the finder is told of its new word.
+    if (auto *window = form->findChild<TWordFinderForm *>(QStringLiteral("WordFinderForm"), Qt::FindDirectChildrenOnly))
+        if (window->isVisible())
+            window->Refresh();
 }
 
 }  // namespace
@@ -136,7 +140,7 @@ void InstallFillCommands(TXwdMainForm *form)
         window->show();
         window->raise();
     });
-    QObject::connect(constrainedAct, &QAction::triggered, form, &MostConstrainedClick);
+    QObject::connect(constrainedAct, &QAction::triggered, form, [form] { MostConstrainedClick(form); });
     QObject::connect(shadeAct, &QAction::toggled, form, [](bool on) {
         WriteSetting(ShadeKey, on ? 1 : 0);
         if (TDeadSquareOverlay *o = overlay())

@@ -144,9 +144,11 @@ private slots:
         QTRY_VERIFY(overlay->property("deadSquares").value<QList<QPoint>>().contains(QPoint(3, 2)));
         QVERIFY(!overlay->property("deadSquares").value<QList<QPoint>>().contains(QPoint(1, 2)));
 
+        TWordFinderForm *finder = openFinder();
         act("MostConstrainedAct")->trigger();
         QCOMPARE(grid()->Editor.WordDirection, 2);
         QCOMPARE(CellAt(grid()->Editor.CursorPos), QPoint(3, 1));
+        QCOMPARE(finder->PatternEdit->text(), QStringLiteral("T?"));
     }
 
     void theWordListsPageKeepsOrderSwitchesAndTheLowestScore()

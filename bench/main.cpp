@@ -1,6 +1,7 @@
 // quillmark-bench: how long the core's everyday operations take on the largest grid.
 // Prints figures only; nothing here passes or fails.
 
+#include "bench.h"
 #include "mainwindow/specifications.h"
 #include "model/puzzlefile.h"
 #include "model/puzzletext.h"
@@ -95,5 +96,7 @@ int main(int argc, char *argv[])
     measure("ComposePages", 20, [&] { sink = sink + int(ComposePages(clued, job).size()); });
     const QString pdf = dir.filePath(QStringLiteral("bench.pdf"));
     measure("PrintToPdf (compose and write)", 20, [&] { PrintToPdf(clued, job, pdf); });
+
+    BenchWordLists();
     return sink == -1;
 }

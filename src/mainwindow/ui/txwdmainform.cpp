@@ -3,6 +3,7 @@
 #include "clues/ui/tautoclueform.h"
 #include "clues/byline.h"
 #include "clues/ui/tbylineform.h"
+#include "fill/ui/fillcommands.h"
 #include "inspect/ui/inspectcommands.h"
 #include "interchange/ui/interchangecommands.h"
 #include "mainwindow/history.h"
@@ -103,6 +104,7 @@ TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
     InstallWebCommands(this);
     InstallInterchangeCommands(this);
     InstallEditCommands(this);
+    InstallFillCommands(this);
     status_ = std::make_unique<TSolvingStatusLine>(ModeLabel, DataMemo);
     arrangement_ = std::make_unique<TWindowArrangement>(this);
     connectSession();

@@ -1,8 +1,10 @@
 #include "settings/ui/txwdprefform.h"
 
 #include "clues/gridlanguage.h"
+#include "fill/ui/twordlistspage.h"
 #include "mainwindow/puzzlesession.h"
 #include "mainwindow/screenlayout.h"
+#include "mainwindow/ui/appresources.h"
 #include "mainwindow/ui/dialogs.h"
 #include "mainwindow/ui/txwdmainform.h"
 #include "model/puzzle.h"
@@ -37,8 +39,8 @@
 
 namespace {
 
-const char *const PageNames[] = {"General", "View", "Print", "Tools", "Fonts", "Language"};
-const char *const PageObjects[] = {"GeneralPg", "ViewPg", "PrintPg", "ToolsPg", "FontsPg", "LanguagePg"};
+const char *const PageNames[] = {"General", "View", "Print", "Tools", "Fonts", "Language", "Word Lists"};
+const char *const PageObjects[] = {"GeneralPg", "ViewPg", "PrintPg", "ToolsPg", "FontsPg", "LanguagePg", "WordListsPg"};
 const char *const Languages[] = {"English", "French",    "Spanish", "Italian",     "German",
                                  "Swedish", "Norwegian", "Danish",  "Multilingual"};
 
@@ -132,6 +134,8 @@ const QList<QColor> &TXwdPrefForm::GridColours()
 
 QIcon TXwdPrefForm::PageIcon(int page)
 {
+    if (page == WordListsPage)
+        return Glyph(QStringLiteral("WORDFINDER"));
     QPixmap pixmap(24, 24);
     pixmap.fill(Qt::transparent);
     QPainter p(&pixmap);
@@ -239,6 +243,8 @@ TXwdPrefForm::TXwdPrefForm(QWidget *parent) : QDialog(parent)
     createTools(PageControl1->widget(ToolsPage));
     createFonts(PageControl1->widget(FontsPage));
     createLanguage(PageControl1->widget(LanguagePage));
+    WordListsPane = new TWordListsPage(PageControl1->widget(WordListsPage));
+    (new QVBoxLayout(PageControl1->widget(WordListsPage)))->addWidget(WordListsPane);
     connect(PageControl1, &QStackedWidget::currentChanged, this, [this] { PageControl1Change(); });
     top->addWidget(PageControl1, 1);
 
@@ -268,8 +274,8 @@ TXwdPrefForm::TXwdPrefForm(QWidget *parent) : QDialog(parent)
 
 void TXwdPrefForm::FormCreate()
 {
-    // The list's inside, so that the six items fit without scrolling.
-    const int height = std::max(24, PickList->viewport()->height() / 6 - 1);
+    // The list's inside, so that every item fits without scrolling.
+    const int height = std::max(24, PickList->viewport()->height() / PickList->count() - 1);
     for (int i = 0; i < PickList->count(); ++i)
         PickList->item(i)->setSizeHint(QSize(PickList->width(), height));
 }
@@ -507,6 +513,7 @@ void TXwdPrefForm::FormShow()
                 widget->setFont(small);
             }
     fillControls();
+    WordListsPane->Load();
     PickList->setCurrentRow(GeneralPage);
 }
 
@@ -807,6 +814,9 @@ void TXwdPrefForm::DefaultsBtnClick()
     case LanguagePage:
         LangButtons->button(Setting::GridLanguage.Default.toInt())->setChecked(true);
         break;
+    case WordListsPage:
+        WordListsPane->Defaults();
+        break;
     }
 }
 
@@ -838,6 +848,7 @@ void TXwdPrefForm::SaveBtnClick()
     WriteFontSetting(Setting::AutoFont, fonts_.value(AutoclueEdit));
     WriteFontSetting(Setting::StatusFont, fonts_.value(StatusList));
     WriteSetting(Setting::GridLanguage, std::max(0, LangButtons->checkedId()));
+    WordListsPane->Save();
     accept();
 }
 

@@ -23,12 +23,14 @@ class QPushButton;
 class QSpinBox;
 class QStackedWidget;
 
+class TWordListsPage;
+
 class TXwdPrefForm : public QDialog {
     Q_OBJECT
 public:
     explicit TXwdPrefForm(QWidget *parent = nullptr);
 
-    enum Page { GeneralPage, ViewPage, PrintPage, ToolsPage, FontsPage, LanguagePage };
+    enum Page { GeneralPage, ViewPage, PrintPage, ToolsPage, FontsPage, LanguagePage, WordListsPage };
 
     void FormCreate();
     void FormShow();
@@ -105,6 +107,7 @@ public:
 
     QGroupBox *LangGroup = nullptr;
     QButtonGroup *LangButtons = nullptr;
+    TWordListsPage *WordListsPane = nullptr;
 
 protected:
     void showEvent(QShowEvent *event) override;

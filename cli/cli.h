@@ -79,3 +79,5 @@ QList<TCliCommand> PrintCommands();
 QList<TCliCommand> ClueCommands();
 // The web page of a puzzle and the web player (export-web, generate-player).
 QList<TCliCommand> WebCommands();
+// Autofill (fill).
+QList<TCliCommand> FillCommands();

@@ -15,6 +15,7 @@ QList<TCliCommand> AllCommands()
     commands += PrintCommands();
     commands += ClueCommands();
     commands += WebCommands();
+    commands += FillCommands();
     return commands;
 }
 

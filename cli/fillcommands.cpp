@@ -1,0 +1,93 @@
+// Autofill without windows: fill.
+
+#include "cli.h"
+#include "fill/fillengine.h"
+
+#include <QFile>
+
+namespace {
+
+constexpr int ExitNoFill = 4;
+constexpr int ExitTimeLimit = 5;
+
+int intOption(Arguments &args, const QString &name, int fallback, int low, int high)
+{
+    if (!args.hasOption(name))
+        return fallback;
+    bool ok = false;
+    const int value = args.option(name).toInt(&ok);
+    if (!ok || value < low || value > high)
+        throw TCliError{ExitUsage, QStringLiteral("%1 takes a whole number from %2 to %3").arg(name).arg(low).arg(high)};
+    return value;
+}
+
+// A plain list, one WORD or WORD;SCORE a line.
+void readList(const QString &path, std::vector<TFillWord> &words)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw TCliError{ExitUnreadable, QStringLiteral("cannot read %1").arg(path)};
+    const QByteArray all = file.readAll();
+    for (const QByteArray &line : all.split('\n')) {
+        const qsizetype semi = line.indexOf(';');
+        QByteArray word = (semi < 0 ? line : line.left(semi)).trimmed().toUpper();
+        if (word.isEmpty())
+            continue;
+        words.push_back({word, semi < 0 ? 50 : line.mid(semi + 1).trimmed().toInt()});
+    }
+}
+
+int fill(Arguments args, QTextStream &out)
+{
+    TFillRequest request;
+    request.Seed = quint64(intOption(args, QStringLiteral("--seed"), 1, 0, 2147483647));
+    request.MinScore = intOption(args, QStringLiteral("--min-score"), 0, 0, 100);
+    if (args.hasOption(QStringLiteral("--time-limit"))) {
+        bool ok = false;
+        request.TimeLimit = args.option(QStringLiteral("--time-limit")).toDouble(&ok);
+        if (!ok || request.TimeLimit <= 0)
+            throw TCliError{ExitUsage, QStringLiteral("--time-limit takes a number of seconds above 0")};
+    }
+    args.flag(QStringLiteral("--no-default-list"));
+    QStringList lists;
+    while (args.hasOption(QStringLiteral("--wordlist")))
+        lists.append(args.option(QStringLiteral("--wordlist")));
+    const QStringList paths = args.positional(2, QStringLiteral("IN and OUT puzzle files"));
+    request.Grid = LoadOrFail(paths[0]).Puzzle;
+    for (const QString &list : std::as_const(lists))
+        readList(list, request.Words);
+
+    const TFillResult result = FillGrid(request);
+    if (qEnvironmentVariableIsSet("QM_FILL_STATS"))
+        qWarning("nodes %lld failures %lld restarts %d search %.3f s", result.Nodes, result.Failures, result.Restarts, result.Seconds);
+    switch (result.Status) {
+    case TFillStatus::Filled:
+        SaveOrFail(paths[1], EncodePuzzle(result.Grid));
+        return 0;
+    case TFillStatus::Impossible: {
+        QStringList names;
+        for (const TWordRef &word : result.Faulty)
+            names.append(SlotName(word));
+        throw TCliError{ExitNoFill, QStringLiteral("no fill exists; the words at fault: %1").arg(names.join(u", "))};
+    }
+    case TFillStatus::TimedOut:
+    case TFillStatus::Cancelled:
+        break;
+    }
+    Q_UNUSED(out);
+    throw TCliError{ExitTimeLimit, QStringLiteral("the time limit ran out before a fill was found")};
+}
+
+}  // namespace
+
+QList<TCliCommand> FillCommands()
+{
+    return {
+        {QStringLiteral("fill"),
+         QStringLiteral("  fill [--seed N] [--time-limit S] [--min-score N] [--language L] [--wordlist FILE]...\n"
+                        "       [--no-default-list] IN OUT\n"
+                        "      Fills the empty and open squares of IN from the word lists and writes OUT.\n"
+                        "      Exit 4 when no fill exists, 5 when the time limit ran out.\n\n"),
+         fill},
+    };
+}

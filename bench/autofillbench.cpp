@@ -1,6 +1,7 @@
 // quillmark-bench fill LIST GRID...: the autofill engine in-process, over ten seeds per
 // grid, timed without process start or list reading (the CLI harness times those).
 
+#include "bench.h"
 #include "fill/fillengine.h"
 #include "model/puzzletext.h"
 
@@ -28,14 +29,11 @@ int FillBench(const QStringList &args)
         std::fprintf(stderr, "usage: quillmark-bench fill LIST GRID...\n");
         return 1;
     }
-    QFile list(args[0]);
-    if (!list.open(QIODevice::ReadOnly))
+    TReadList list = ReadWordListFile(args[0], 0);
+    if (list.Unreadable)
         return 2;
-    std::vector<TFillWord> words;
-    for (const QByteArray &line : list.readAll().split('\n'))
-        if (!line.trimmed().isEmpty())
-            words.push_back({line.trimmed().toUpper(), 50});
-    std::printf("%zu words; CPU seconds per fill, seeds 1 to 10, 30 s limit\n", words.size());
+    const auto words = std::make_shared<const TWordList>(std::move(list.Words));
+    std::printf("%d words; CPU seconds per fill, seeds 1 to 10, 30 s limit\n", words->size());
     for (const QString &path : args.mid(1)) {
         QFile file(path);
         if (!file.open(QIODevice::ReadOnly))

@@ -1,6 +1,7 @@
 // quillmark-bench: how long the core's everyday operations take on the largest grid.
 // Prints figures only; nothing here passes or fails.
 
+#include "bench.h"
 #include "mainwindow/specifications.h"
 #include "model/puzzlefile.h"
 #include "model/puzzletext.h"
@@ -57,8 +58,6 @@ TPuzzle longCluedGrid()
 
 }  // namespace
 
-int FillBench(const QStringList &args);
-
 int main(int argc, char *argv[])
 {
     // The printed pages measure text with real fonts: a GUI application, without a screen.
@@ -99,5 +98,7 @@ int main(int argc, char *argv[])
     measure("ComposePages", 20, [&] { sink = sink + int(ComposePages(clued, job).size()); });
     const QString pdf = dir.filePath(QStringLiteral("bench.pdf"));
     measure("PrintToPdf (compose and write)", 20, [&] { PrintToPdf(clued, job, pdf); });
+
+    BenchWordLists();
     return sink == -1;
 }

@@ -2,6 +2,7 @@
 // What every quillmark-cli command shares: its failures with their exit codes, the reading
 // of its arguments, and loading and saving puzzles so that a failure writes nothing.
 
+#include "fill/wordlist.h"
 #include "model/puzzlefile.h"
 
 #include <QByteArray>
@@ -81,3 +82,14 @@ QList<TCliCommand> ClueCommands();
 QList<TCliCommand> WebCommands();
 // Autofill (fill).
 QList<TCliCommand> FillCommands();
+
+// The word-list options of the commands that use the lists: --language L, --wordlist FILE
+// (repeatable, in order of priority), --no-default-list, --min-score N.
+struct TWordListOptions {
+    TWordListConfig Config;  // the default list comes after the given lists unless turned off
+    bool LanguageGiven = false;
+};
+TWordListOptions TakeWordListOptions(Arguments &args);
+// The merged words; a list that cannot be read ends the command with exit 2, malformed
+// lines are reported on standard error and skipped.
+TWordList LoadWordListsOrFail(const TWordListConfig &config);

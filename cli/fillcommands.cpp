@@ -3,7 +3,6 @@
 #include "cli.h"
 #include "fill/fillengine.h"
 
-#include <QFile>
 
 namespace {
 
@@ -21,41 +20,24 @@ int intOption(Arguments &args, const QString &name, int fallback, int low, int h
     return value;
 }
 
-// A plain list, one WORD or WORD;SCORE a line.
-void readList(const QString &path, std::vector<TFillWord> &words)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw TCliError{ExitUnreadable, QStringLiteral("cannot read %1").arg(path)};
-    const QByteArray all = file.readAll();
-    for (const QByteArray &line : all.split('\n')) {
-        const qsizetype semi = line.indexOf(';');
-        QByteArray word = (semi < 0 ? line : line.left(semi)).trimmed().toUpper();
-        if (word.isEmpty())
-            continue;
-        words.push_back({word, semi < 0 ? 50 : line.mid(semi + 1).trimmed().toInt()});
-    }
-}
-
 int fill(Arguments args, QTextStream &out)
 {
     TFillRequest request;
     request.Seed = quint64(intOption(args, QStringLiteral("--seed"), 1, 0, 2147483647));
-    request.MinScore = intOption(args, QStringLiteral("--min-score"), 0, 0, 100);
     if (args.hasOption(QStringLiteral("--time-limit"))) {
         bool ok = false;
         request.TimeLimit = args.option(QStringLiteral("--time-limit")).toDouble(&ok);
         if (!ok || request.TimeLimit <= 0)
             throw TCliError{ExitUsage, QStringLiteral("--time-limit takes a number of seconds above 0")};
     }
-    args.flag(QStringLiteral("--no-default-list"));
-    QStringList lists;
-    while (args.hasOption(QStringLiteral("--wordlist")))
-        lists.append(args.option(QStringLiteral("--wordlist")));
+    TWordListOptions lists = TakeWordListOptions(args);
     const QStringList paths = args.positional(2, QStringLiteral("IN and OUT puzzle files"));
     request.Grid = LoadOrFail(paths[0]).Puzzle;
-    for (const QString &list : std::as_const(lists))
-        readList(list, request.Words);
+    // Without --language the grid's own language chooses the letters and the default list.
+    if (!lists.LanguageGiven)
+        lists.Config.Language = request.Grid.Language;
+    request.MinScore = lists.Config.MinScore;
+    request.Words = std::make_shared<const TWordList>(LoadWordListsOrFail(lists.Config));
 
     const TFillResult result = FillGrid(request);
     if (qEnvironmentVariableIsSet("QM_FILL_STATS"))

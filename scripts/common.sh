@@ -6,7 +6,8 @@ BUILD="$ROOT/build"
 
 # Everything the project needs on a fresh Debian 12: the toolchain, Qt 6, GoogleTest, the
 # fonts our pages use, and the independent readers our tests check exports with (chromium,
-# driven by a Python script, for the web pages).
+# driven by a Python script, for the web pages), and the word lists each grid language's
+# default list is read from.
 PACKAGES=(
   cmake g++ ninja-build pkg-config
   qt6-base-dev qt6-svg-dev qt6-multimedia-dev qt6-qpa-plugins libqt6svg6
@@ -16,6 +17,7 @@ PACKAGES=(
   ghostscript libwmf-bin poppler-utils
   xvfb x11-apps imagemagick
   chromium python3
+  scowl wfrench wspanish witalian wngerman wswedish wnorwegian wdanish
 )
 # Node runs the npm packages some tests read our files with; a machine may have its own.
 command -v npm >/dev/null 2>&1 || PACKAGES+=(nodejs npm)

@@ -26,7 +26,7 @@ struct TRandom {
     double unit() { return double(next() >> 11) * 0x1.0p-53; }
 };
 
-quint64 HashBytes(const QByteArray &bytes, quint64 seed)
+quint64 HashBytes(std::string_view bytes, quint64 seed)
 {
     quint64 h = 1469598103934665603ULL ^ seed;
     for (char c : bytes)
@@ -466,14 +466,16 @@ void TEngine::buildTables(const std::vector<bool> &fillable)
 
     // The words of each needed length, a repeat dropped, best score first; ties in an order
     // drawn from the seed so that lists without scores still give varied fills.
+    static const TWordList none;
+    const TWordList &words = request_.Words ? *request_.Words : none;
     std::vector<std::vector<int>> byLength(MaxGrid + 1);
-    for (int i = 0; i < int(request_.Words.size()); ++i) {
-        const TFillWord &word = request_.Words[i];
-        const int n = int(word.Word.size());
-        if (n < 2 || n > MaxGrid || !lengthNeeded[n] || word.Score < request_.MinScore)
+    for (int i = 0; i < words.size(); ++i) {
+        const std::string_view word = words.word(i);
+        const int n = int(word.size());
+        if (n < 2 || n > MaxGrid || !lengthNeeded[n] || words.score(i) < request_.MinScore)
             continue;
         bool ok = true;
-        for (char c : word.Word) {
+        for (char c : word) {
             const uint8_t byte = uint8_t(c);
             if (byte == 0 || byte == OpenChar || byte == BlockChar || byte == '?' || letterNumber(byte) < 0) {
                 ok = false;
@@ -484,7 +486,7 @@ void TEngine::buildTables(const std::vector<bool> &fillable)
             byLength[n].push_back(i);
     }
     // Words already complete in the grid outside the open slots are taken.
-    std::vector<QByteArray> taken;
+    std::vector<std::string> taken;
     for (const TWordRef &ref : std::as_const(refs_)) {
         const QByteArray text = request_.Grid.GetWord(ref.Column, ref.Row, char(ref.Dir));
         bool complete = !text.contains('\0') && !text.contains('?');
@@ -495,7 +497,7 @@ void TEngine::buildTables(const std::vector<bool> &fillable)
             ref.Dir == Direction::Across ? ++c : ++r;
         }
         if (complete)
-            taken.push_back(text);
+            taken.push_back(text.toStdString());
     }
     std::sort(taken.begin(), taken.end());
 
@@ -504,21 +506,19 @@ void TEngine::buildTables(const std::vector<bool> &fillable)
         if (!lengthNeeded[n])
             continue;
         std::vector<int> &ids = byLength[n];
-        std::stable_sort(ids.begin(), ids.end(), [&](int a, int b) { return request_.Words[a].Word < request_.Words[b].Word; });
-        ids.erase(std::unique(ids.begin(), ids.end(), [&](int a, int b) { return request_.Words[a].Word == request_.Words[b].Word; }),
-                  ids.end());
-        std::erase_if(ids, [&](int i) { return std::binary_search(taken.begin(), taken.end(), request_.Words[i].Word); });
+        if (!taken.empty())
+            std::erase_if(ids, [&](int i) { return std::binary_search(taken.begin(), taken.end(), std::string(words.word(i))); });
         std::vector<std::pair<quint64, int>> keyed;
         keyed.reserve(ids.size());
         for (int i : ids)
-            keyed.emplace_back(HashBytes(request_.Words[i].Word, request_.Seed), i);
+            keyed.emplace_back(HashBytes(words.word(i), request_.Seed), i);
         std::sort(keyed.begin(), keyed.end(), [&](const auto &a, const auto &b) {
-            const int sa = request_.Words[a.second].Score, sb = request_.Words[b.second].Score;
+            const int sa = words.score(a.second), sb = words.score(b.second);
             if (sa != sb)
                 return sa > sb;
             if (a.first != b.first)
                 return a.first < b.first;
-            return request_.Words[a.second].Word < request_.Words[b.second].Word;
+            return words.word(a.second) < words.word(b.second);
         });
         TLengthTable &table = tables_[n];
         table.Length = n;
@@ -529,11 +529,11 @@ void TEngine::buildTables(const std::vector<bool> &fillable)
         table.Source.resize(table.Count);
         table.Bits.assign(size_t(n) * letters_ * table.Blocks, 0);
         for (int w = 0; w < table.Count; ++w) {
-            const TFillWord &word = request_.Words[keyed[w].second];
+            const std::string_view word = words.word(keyed[w].second);
             table.Source[w] = keyed[w].second;
-            table.Scores[w] = word.Score;
+            table.Scores[w] = words.score(keyed[w].second);
             for (int p = 0; p < n; ++p) {
-                const int a = letterOf_[uint8_t(word.Word[p])];
+                const int a = letterOf_[uint8_t(word[p])];
                 table.Letters[size_t(w) * n + p] = uint8_t(a);
                 table.Bits[size_t(p * letters_ + a) * table.Blocks + (w >> 6)] |= uint64_t(1) << (w & 63);
             }
@@ -668,7 +668,7 @@ TFillResult TEngine::run()
         const TOutcome outcome = search();
         if (outcome == TOutcome::Solved) {
             for (const TSlot &slot : slots_) {
-                const QByteArray &word = request_.Words[slot.Table->Source[slot.Word]].Word;
+                const std::string_view word = request_.Words->word(slot.Table->Source[slot.Word]);
                 for (int p = 0; p < slot.Length; ++p) {
                     const TSquare &sq = squares_[slot.Squares[p]];
                     if (sq.Fillable)

@@ -10,6 +10,7 @@
 // growing failure budget and randomised ties drawn from the seed. All choices depend on the
 // seed alone, so one seed always gives one fill.
 
+#include "fill/wordlist.h"
 #include "model/puzzle.h"
 
 #include <QByteArray>
@@ -18,18 +19,14 @@
 
 #include <atomic>
 #include <functional>
+#include <memory>
 #include <vector>
-
-// One word of the source list: the grid's own bytes (Windows-1252, upper case) and a score
-// from 0 to 100.
-struct TFillWord {
-    QByteArray Word;
-    int Score = 50;
-};
 
 struct TFillRequest {
     TPuzzle Grid;                  // a copy: the worker never reads the shared record
-    std::vector<TFillWord> Words;  // a word listed twice keeps its first score
+    // The words in the grid's own letters with their scores; shared, never changed, so a
+    // worker can read it while the window thread keeps it.
+    std::shared_ptr<const TWordList> Words;
     quint64 Seed = 1;
     double TimeLimit = 0;          // seconds; 0 for none
     int MinScore = 0;

@@ -15,11 +15,13 @@ TPuzzle grid(const QStringList &rows)
     return PuzzleFrom(QStringLiteral("size %1\ngrid\n%2\nclues\n").arg(rows.size()).arg(rows.join(u'\n')));
 }
 
-std::vector<TFillWord> list(const QList<QByteArray> &words, int score = 50)
+using TWords = std::shared_ptr<TWordList>;
+
+TWords list(const QList<QByteArray> &words, int score = 50)
 {
-    std::vector<TFillWord> out;
+    auto out = std::make_shared<TWordList>();
     for (const QByteArray &w : words)
-        out.push_back({w, score});
+        out->add(w.toStdString(), score);
     return out;
 }
 
@@ -32,11 +34,11 @@ QList<QByteArray> entries(const TPuzzle &p)
 }
 
 // Every square written, every entry from the list and none twice, the given letters kept.
-void expectValidFill(const TPuzzle &before, const TPuzzle &after, const std::vector<TFillWord> &words)
+void expectValidFill(const TPuzzle &before, const TPuzzle &after, const TWordList &words)
 {
     QSet<QByteArray> known;
-    for (const TFillWord &w : words)
-        known.insert(w.Word);
+    for (int i = 0; i < words.size(); ++i)
+        known.insert(words.wordBytes(i));
     for (int c = 1; c <= before.Size; ++c)
         for (int r = 1; r <= before.Size; ++r) {
             const uint8_t was = before.Cells(c, r);
@@ -57,7 +59,7 @@ void expectValidFill(const TPuzzle &before, const TPuzzle &after, const std::vec
 // with at least one fill, which the search has to find among the decoys.
 struct TPlanted {
     TPuzzle Empty;
-    std::vector<TFillWord> Words;
+    TWords Words;
 };
 
 TPlanted planted()
@@ -74,12 +76,12 @@ TPlanted planted()
         QByteArray decoy;
         for (int n = 2 + int(random() % 6); n > 0; --n)
             decoy.append(char('A' + random() % 26));
-        out.Words.push_back({decoy, int(random() % 101)});
+        out.Words->add(decoy.toStdString(), int(random() % 101));
     }
     return out;
 }
 
-TFillRequest request(const TPuzzle &p, std::vector<TFillWord> words)
+TFillRequest request(const TPuzzle &p, TWords words)
 {
     TFillRequest r;
     r.Grid = p;
@@ -110,7 +112,7 @@ TEST(FillEngine, FillsAPlantedGridValidlyAndTheSameSeedGivesTheSameFill)
         r.Seed = seed;
         const TFillResult first = FillGrid(r);
         ASSERT_EQ(first.Status, TFillStatus::Filled) << "seed " << seed;
-        expectValidFill(p.Empty, first.Grid, p.Words);
+        expectValidFill(p.Empty, first.Grid, *p.Words);
         const TFillResult again = FillGrid(r);
         EXPECT_EQ(entries(again.Grid), entries(first.Grid)) << "seed " << seed;
     }
@@ -124,7 +126,7 @@ TEST(FillEngine, KeepsGivenLettersAndFillsOpenSquares)
     const auto words = list({"BAT", "ORE", "WED", "BOW", "ARE", "TED", "CAB", "OAR", "BAD", "CAT"});
     const TFillResult r = FillGrid(request(p, words));
     ASSERT_EQ(r.Status, TFillStatus::Filled);
-    expectValidFill(p, r.Grid, words);
+    expectValidFill(p, r.Grid, *words);
     EXPECT_EQ(entries(r.Grid), (QList<QByteArray>{"BAT", "BOW", "ARE", "TED", "ORE", "WED"}));
 }
 
@@ -146,7 +148,8 @@ TEST(FillEngine, NeverRepeatsAnEntryNorReusesOneAlreadyInTheGrid)
 TEST(FillEngine, LeavesOutWordsBelowTheMinimumScore)
 {
     const TPuzzle p = grid({"...", "###", "..."});
-    std::vector<TFillWord> words = {{"CAT", 80}, {"DOG", 20}};
+    TWords words = list({"CAT"}, 80);
+    words->add("DOG", 20);
     TFillRequest r = request(p, words);
     EXPECT_EQ(FillGrid(r).Status, TFillStatus::Filled);
     r.MinScore = 30;

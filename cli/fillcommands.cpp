@@ -40,8 +40,6 @@ int fill(Arguments args, QTextStream &out)
     request.Words = std::make_shared<const TWordList>(LoadWordListsOrFail(lists.Config));
 
     const TFillResult result = FillGrid(request);
-    if (qEnvironmentVariableIsSet("QM_FILL_STATS"))
-        qWarning("nodes %lld failures %lld restarts %d search %.3f s", result.Nodes, result.Failures, result.Restarts, result.Seconds);
     switch (result.Status) {
     case TFillStatus::Filled:
         SaveOrFail(paths[1], EncodePuzzle(result.Grid));

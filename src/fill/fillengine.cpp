@@ -358,7 +358,7 @@ int TEngine::selectSlot() const
 // (the product of their counts, as a sum of logarithms), with the score and a little noise.
 int TEngine::pickWord(const TSlot &slot)
 {
-    constexpr int Sample = 24;
+    constexpr int Sample = 128;
     const TLengthTable &table = *slot.Table;
     // How many words each crossing keeps with a given letter, counted once per call.
     std::array<std::array<float, MaxLetters>, MaxGrid> logCount;
@@ -658,7 +658,7 @@ TFillResult TEngine::run()
         return finish(TFillStatus::Impossible);
     }
     const size_t root = trail_.size();
-    constexpr qint64 BaseBudget = 64;
+    constexpr qint64 BaseBudget = 128;
     for (quint64 run = 1;; ++run) {
         for (TSlot &slot : slots_)
             slot.Rank = rng_.next();

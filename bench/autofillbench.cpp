@@ -1,5 +1,6 @@
 // quillmark-bench fill LIST GRID...: the autofill engine in-process, over ten seeds per
-// grid, timed without process start or list reading (the CLI harness times those).
+// grid, timed without process start or list reading (the CLI harness times those). LIST
+// "default" is the default English list; the average score of its fills is printed too.
 
 #include "bench.h"
 #include "fill/fillengine.h"
@@ -29,10 +30,15 @@ int FillBench(const QStringList &args)
         std::fprintf(stderr, "usage: quillmark-bench fill LIST GRID...\n");
         return 1;
     }
-    TReadList list = ReadWordListFile(args[0], 0);
-    if (list.Unreadable)
-        return 2;
-    const auto words = std::make_shared<const TWordList>(std::move(list.Words));
+    std::shared_ptr<const TWordList> words;
+    if (args[0] == u"default") {
+        words = std::shared_ptr<const TWordList>(&DefaultWordList(0), [](const TWordList *) {});
+    } else {
+        TReadList list = ReadWordListFile(args[0], 0);
+        if (list.Unreadable)
+            return 2;
+        words = std::make_shared<const TWordList>(std::move(list.Words));
+    }
     std::printf("%d words; CPU seconds per fill, seeds 1 to 10, 30 s limit\n", words->size());
     for (const QString &path : args.mid(1)) {
         QFile file(path);
@@ -46,6 +52,7 @@ int FillBench(const QStringList &args)
         std::vector<double> times;
         int solved = 0;
         qint64 failures = 0;
+        double score = 0;
         for (int seed = 1; seed <= 10; ++seed) {
             request.Seed = quint64(seed);
             const double t0 = cpuSeconds();
@@ -53,10 +60,12 @@ int FillBench(const QStringList &args)
             times.push_back(cpuSeconds() - t0);
             solved += r.Status == TFillStatus::Filled;
             failures += r.Failures;
+            score += r.AverageScore;
         }
         std::sort(times.begin(), times.end());
-        std::printf("%-12s %2d/10  median %7.3f  slowest %7.3f  failures %lld\n",
-                    qPrintable(QFileInfo(path).baseName()), solved, times[5], times.back(), failures);
+        std::printf("%-12s %2d/10  median %7.3f  slowest %7.3f  failures %6lld  average score %5.1f\n",
+                    qPrintable(QFileInfo(path).baseName()), solved, times[5], times.back(), failures,
+                    solved ? score / solved : 0.0);
     }
     return 0;
 }

@@ -667,7 +667,9 @@ TFillResult TEngine::run()
         budget_ = BaseBudget * qint64(Luby(run));
         const TOutcome outcome = search();
         if (outcome == TOutcome::Solved) {
+            double scores = 0;
             for (const TSlot &slot : slots_) {
+                scores += slot.Table->Scores[slot.Word];
                 const std::string_view word = request_.Words->word(slot.Table->Source[slot.Word]);
                 for (int p = 0; p < slot.Length; ++p) {
                     const TSquare &sq = squares_[slot.Squares[p]];
@@ -675,6 +677,7 @@ TFillResult TEngine::run()
                         result.Grid.Cells(sq.Col, sq.Row) = uint8_t(word[p]);
                 }
             }
+            result.AverageScore = slots_.empty() ? 0 : scores / double(slots_.size());
             return finish(TFillStatus::Filled);
         }
         if (outcome == TOutcome::Exhausted) {

@@ -46,6 +46,7 @@ struct TFillResult {
     TPuzzle Grid;  // the filled grid when Filled, otherwise the request's grid untouched
     // When Impossible: the slots that ran out of words most often, worst first.
     QList<TWordRef> Faulty;
+    double AverageScore = 0;  // of the words the fill placed
     qint64 Nodes = 0;
     qint64 Failures = 0;
     int Restarts = 0;

@@ -3,11 +3,13 @@
 #include "mainwindow/ui/taboutbox.h"
 #include "mainwindow/ui/tprogram.h"
 #include "mainwindow/ui/txwdmainform.h"
+#include "scriptedrun.h"
 
 int main(int argc, char *argv[])
 {
     TQuillmarkApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quillmark"));
+    const bool scripted = InstallScriptedRun();
     // The splash stands for the time the windows take to build, and not a moment longer.
     TSplashForm splash;
     splash.show();
@@ -15,5 +17,7 @@ int main(int argc, char *argv[])
     TProgram program;
     program.Start(app.arguments().mid(1));
     splash.finish(program.MainForm);
+    if (scripted)
+        FinishScriptedRun(program);
     return app.exec();
 }

@@ -1,5 +1,7 @@
 #include "clues/autocluewalk.h"
 
+#include "mainwindow/puzzlesession.h"
+
 namespace {
 
 bool startsAcross(int c, int r)
@@ -316,8 +318,7 @@ bool TAutoclueWalk::StoreClue(const QByteArray &text)
         return false;
     if (WalkSlot < 1 || WalkSlot > ClueSlots)
         return false;
-    Puzzle.setSlotAt(WalkCol, WalkRow, d, uint16_t(WalkSlot));
-    Puzzle.setClue(WalkSlot, text.left(MaxClueLength));
+    Session().SetClue(WalkCol, WalkRow, d, WalkSlot, text.left(MaxClueLength));
     return true;
 }
 

@@ -6,7 +6,12 @@
 
 void ClearPuzzle(int size, char variant)
 {
+    ClearPuzzle(Puzzle, size, variant);
+}
+
+void ClearPuzzle(TPuzzle &p, int size, char variant)
+{
     const QByteArray byline = ToCp1252(ReadText(QStringLiteral("Name")));
     const int language = ReadInt(QStringLiteral("GridLanguage"), 0);
-    Puzzle.ClearPuzzle(size, variant, byline, uint8_t(language));
+    p.ClearPuzzle(size, variant, byline, uint8_t(language));
 }

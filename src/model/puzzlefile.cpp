@@ -1,6 +1,5 @@
 #include "model/puzzlefile.h"
 
-#include "mainwindow/puzzlestate.h"
 
 #include <QFile>
 #include <QSaveFile>
@@ -209,9 +208,25 @@ void WriteFileAtomically(const QString &path, const QByteArray &bytes)
         throw TPuzzleIOError(QStringLiteral("Cannot write %1: %2").arg(path, file.errorString()).toStdString());
 }
 
+TPuzzle ReadPuzzleRecord(const QString &path)
+{
+    return DecodePuzzle(readHead(path));
+}
+
+TPuzzle OpenPuzzleRecord(const QString &path)
+{
+    try {
+        return ReadPuzzleRecord(path);
+    } catch (const TPuzzleIOError &) {
+        const TPuzzle converted = ConvertPuzzle5(readVersion5(path));
+        WriteFileAtomically(path, EncodePuzzle(converted));
+        return converted;
+    }
+}
+
 void ReadPuzzle(const QString &path)
 {
-    Puzzle = DecodePuzzle(readHead(path));
+    Puzzle = ReadPuzzleRecord(path);
 }
 
 void ReadPuzzle5(const QString &path)
@@ -219,13 +234,11 @@ void ReadPuzzle5(const QString &path)
     const TPuzzle converted = ConvertPuzzle5(readVersion5(path));
     WriteFileAtomically(path, EncodePuzzle(converted));
     Puzzle = converted;
-    PuzzleChanged = false;
 }
 
 void WritePuzzle(const QString &path)
 {
     WriteFileAtomically(path, EncodePuzzle(Puzzle));
-    PuzzleChanged = false;
 }
 
 void WritePuzzle5(const QString &path)
@@ -235,9 +248,5 @@ void WritePuzzle5(const QString &path)
 
 void OpenPuzzleFile(const QString &path)
 {
-    try {
-        ReadPuzzle(path);
-    } catch (const TPuzzleIOError &) {
-        ReadPuzzle5(path);
-    }
+    Puzzle = OpenPuzzleRecord(path);
 }

@@ -40,13 +40,20 @@ struct TLoadedPuzzle {
 // never rewrites it.
 TLoadedPuzzle LoadPuzzleFile(const QString &path);
 
-// The operations on the one Puzzle. Every failure throws TPuzzleIOError, and a failed
+// A current-version file's record; throws TPuzzleIOError.
+TPuzzle ReadPuzzleRecord(const QString &path);
+// The record as the program opens a file: the current version, else a version-5 file,
+// which is rewritten in the current version at once.
+TPuzzle OpenPuzzleRecord(const QString &path);
+
+// The operations on the one Puzzle, for the session (which keeps PuzzleChanged) and the
+// tools. Every failure throws TPuzzleIOError, and a failed
 // read leaves Puzzle as it was.
 void ReadPuzzle(const QString &path);
 // Converts a file of exactly the version-5 length and rewrites it in the current version
 // at once; a file of any other length is refused and left as it is.
 void ReadPuzzle5(const QString &path);
-// Atomic: an interrupted or failed write leaves the old file whole. Clears PuzzleChanged.
+// Atomic: an interrupted or failed write leaves the old file whole.
 void WritePuzzle(const QString &path);
 void WritePuzzle5(const QString &path);
 void OpenPuzzleFile(const QString &path);

@@ -1,5 +1,6 @@
 #include "views/grideditor.h"
 
+#include "mainwindow/puzzlesession.h"
 #include "mainwindow/puzzlestate.h"
 #include "model/puzzle.h"
 #include "settings/colors.h"
@@ -23,30 +24,38 @@ void TGridEditor::LoadGridCharSet()
         GridCharSet = GridCharSetFor(language);
 }
 
-void TGridEditor::changeSquare(int c, int r, bool clear)
+namespace {
+
+void changeSquare(TPuzzle &p, int c, int r, bool clear)
 {
-    Puzzle.Cells(c, r) = clear ? 0 : BlockChar;
+    p.Cells(c, r) = clear ? 0 : BlockChar;
     // The clues of the words that started here no longer fit; numbering is left as it is.
     for (Direction d : {Direction::Across, Direction::Down}) {
-        const int slot = Puzzle.slotAt(c, r, d);
+        const int slot = p.slotAt(c, r, d);
         if (slot == 0)
             continue;
         if (slot <= ClueSlots)
-            Puzzle.setClue(slot, {});
-        Puzzle.setSlotAt(c, r, d, 0);
+            p.setClue(slot, {});
+        p.setSlotAt(c, r, d, 0);
     }
 }
+
+}  // namespace
 
 void TGridEditor::SetSquare(int x, int y, bool clear)
 {
     const QPoint cell = CellAt({x, y});
-    if (Puzzle.inGrid(cell.x(), cell.y())) {
-        changeSquare(cell.x(), cell.y(), clear);
-        if (const auto partner = SymmetryPartner(cell.x(), cell.y(), Puzzle.Size, Symmetry))
-            if (Puzzle.inGrid(partner->x(), partner->y()))
-                changeSquare(partner->x(), partner->y(), clear);
-    }
-    PuzzleChanged = true;
+    // The square and its partner are one step.
+    Session().Edit(clear ? QStringLiteral("Clear Square") : QStringLiteral("Black Square"), TChangeKind::Grid,
+                   [&](TPuzzle &p) {
+                       if (!p.inGrid(cell.x(), cell.y()))
+                           return;
+                       changeSquare(p, cell.x(), cell.y(), clear);
+                       if (const auto partner = SymmetryPartner(cell.x(), cell.y(), p.Size, Symmetry))
+                           if (p.inGrid(partner->x(), partner->y()))
+                               changeSquare(p, partner->x(), partner->y(), clear);
+                   },
+                   {cell.x(), cell.y()});
 }
 
 TSolvingStatus TGridEditor::ClickCell(int x, int y, bool leftButton)
@@ -140,10 +149,10 @@ TSolvingStatus TGridEditor::TypeKey(uchar ch)
     }
 
     if (PuzzleMode == SolveMode)
-        Puzzle.Entries(c, r) = ch == SpaceKey ? 0 : ch;
+        Session().SetEntry(c, r, ch == SpaceKey ? 0 : ch);
     else
-        Puzzle.Cells(c, r) = ch == SpaceKey ? 0 : ch == UnknownLetter ? OpenChar : ch;
-    PuzzleChanged = true;
+        Session().SetCell(c, r, ch == SpaceKey ? 0 : ch == UnknownLetter ? OpenChar : ch,
+                          ch == SpaceKey ? QStringLiteral("Clear Square") : QStringLiteral("Typing"));
 
     // Black squares always come from the solution, also while solving.
     bool advanced = false;

@@ -79,7 +79,6 @@ public:
     QList<QPoint> HighlightedSquares() const;
 
 private:
-    void changeSquare(int c, int r, bool clear);
     // The square's content as Enter re-enters it.
     uchar heldChar(int c, int r) const;
     void BackOneSquare(int &c, int &r, uchar &ch);

@@ -2,6 +2,8 @@
 // Every modal interaction of the program goes through TDialogs, so that tests can answer
 // message boxes and file dialogs without a window ever blocking.
 
+#include "mainwindow/sessionprompts.h"
+
 #include <QColor>
 #include <QFont>
 #include <QString>
@@ -12,23 +14,6 @@
 class QDialog;
 class QPrinter;
 class QWidget;
-
-enum class TAnswer { Yes, No, Cancel };
-
-struct TFileRequest {
-    enum Kind { Open, Save } Kind = Open;
-    QString Title;
-    // Windows form: "Description|pattern|Description|pattern".
-    QString Filter;
-    QString DefaultExtension;
-    QString Directory;
-    QString FileName;
-};
-
-struct TFileChoice {
-    QString Path;
-    int FilterIndex = 1;  // 1-based, as the filter lists them
-};
 
 struct TFontChoice {
     QFont Font;

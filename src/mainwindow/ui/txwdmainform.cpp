@@ -123,6 +123,8 @@ bool WritePuzzleOrReport(const QString &path, bool version5)
             WritePuzzle5(path);
         else
             WritePuzzle(path);
+        if (!version5)
+            PuzzleChanged = false;
         return true;
     } catch (const TPuzzleIOError &e) {
         ShowPuzzleError(QStringLiteral("The puzzle could not be saved.\n%1").arg(QString::fromStdString(e.what())));

@@ -137,8 +137,8 @@ private slots:
         for (int i = 0; i < contents->rowCount(root); ++i)
             chapters.append(contents->data(contents->index(i, 0, root), Qt::DisplayRole).toString());
         QCOMPARE(chapters, QStringList({"Constructing a puzzle", "Writing the clues", "Solving a puzzle",
-                                        "Printing and exporting", "Keys and mouse in the grid", "Preferences",
-                                        "Companion tools"}));
+                                        "Printing and exporting", "Undo and redo", "Recovering unsaved work",
+                                        "Keys and mouse in the grid", "Preferences", "Companion tools"}));
         QTRY_VERIFY(help->Browser->toPlainText().contains("Quillmark builds and solves crossword puzzles"));
 
         act("HelpKeywordAct")->trigger();
@@ -153,6 +153,17 @@ private slots:
         index->activateCurrentItem();
         QTRY_COMPARE(help->Browser->source().fileName(), QStringLiteral("constructing.html"));
         QVERIFY(help->Browser->toPlainText().contains("diagonal symmetry"));
+
+        help->IndexEdit->setText("Undo");
+        QTRY_COMPARE(index->model()->rowCount(), 1);
+        index->setCurrentIndex(index->model()->index(0, 0));
+        index->activateCurrentItem();
+        QTRY_VERIFY(help->Browser->toPlainText().contains("Ctrl+Shift+Z"));
+        help->IndexEdit->setText("Recovery");
+        QTRY_COMPARE(index->model()->rowCount(), 1);
+        index->setCurrentIndex(index->model()->index(0, 0));
+        index->activateCurrentItem();
+        QTRY_VERIFY(help->Browser->toPlainText().contains("moves the recovery file to the trash"));
 
         // The help window goes with the main window.
         program->MainForm->close();

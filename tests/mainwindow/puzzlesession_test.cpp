@@ -1,0 +1,286 @@
+#include "interchange/interchange.h"
+#include "mainwindow/puzzlesession.h"
+#include "mainwindow/puzzlestate.h"
+#include "model/puzzlefile.h"
+#include "settings/txwdprocs.h"
+#include "testsupport.h"
+#include "views/grideditor.h"
+#include "views/gridgeometry.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+
+#include <deque>
+
+namespace {
+
+const char *const Grid = "size 11\ngrid\n"
+                         "...........\n...........\n...........\n...........\n...........\n"
+                         "...........\n...........\n...........\n...........\n...........\n...........\n"
+                         "clues\n1A first\n";
+
+// Answers from a script, and remembers what was asked.
+class TScriptedPrompts : public TSessionPrompts {
+public:
+    std::deque<TAnswer> Answers;
+    std::deque<std::optional<TFileChoice>> Files;
+    QStringList Asked;
+    QStringList Errors;
+
+    TAnswer Ask(const QString &text, bool, bool) override
+    {
+        Asked.append(text);
+        if (Answers.empty())
+            return TAnswer::Cancel;
+        const TAnswer answer = Answers.front();
+        Answers.pop_front();
+        return answer;
+    }
+    std::optional<TFileChoice> ChooseFile(const TFileRequest &request) override
+    {
+        Asked.append(request.Title);
+        if (Files.empty())
+            return std::nullopt;
+        auto choice = Files.front();
+        Files.pop_front();
+        return choice;
+    }
+    void Error(const QString &text) override { Errors.append(text); }
+    void Inform(const QString &) override {}
+};
+
+class PuzzleSession : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ResetSettings();
+        prompts = std::make_shared<TScriptedPrompts>();
+        Session().SetPrompts(prompts);
+        Session().Reset();
+        PuzzleChanged = false;
+        CurrentPuzzlePath.clear();
+        Puzzle = PuzzleFrom(QString::fromLatin1(Grid));
+        connections = {
+            QObject::connect(&Session(), &TPuzzleSession::opened, [this] { events.append("opened"); }),
+            QObject::connect(&Session(), &TPuzzleSession::saved,
+                             [this](const QString &, bool v5) { events.append(v5 ? "saved v5" : "saved"); }),
+            QObject::connect(&Session(), &TPuzzleSession::changed,
+                             [this](TChangeKind, TSquareHint) { events.append("changed " + Session().LastEdit().Caption); }),
+        };
+    }
+    void TearDown() override
+    {
+        for (const auto &c : connections)
+            QObject::disconnect(c);
+        Session().SetPrompts(nullptr);
+        Session().Reset();
+        PuzzleMode = ConstructMode;
+        SquareSize = 0;
+    }
+
+    // A puzzle written to `name` and opened from it.
+    QString openFile(const QString &name, bool solving = false)
+    {
+        const QString path = dir.path(name);
+        WriteFileAtomically(path, EncodePuzzle(Puzzle));
+        EXPECT_TRUE(Session().OpenFile(path, solving));
+        events.clear();
+        return path;
+    }
+    void answer(std::initializer_list<TAnswer> answers) { prompts->Answers.assign(answers); }
+    void chooseFile(const QString &path, int filter = 1) { prompts->Files.push_back(TFileChoice{path, filter}); }
+
+    TScratchDir dir;
+    std::shared_ptr<TScriptedPrompts> prompts;
+    QStringList events;
+    std::vector<QMetaObject::Connection> connections;
+};
+
+const QString Question = QStringLiteral("Puzzle has changed. Save current changes?");
+
+}  // namespace
+
+// Every way of leaving a changed puzzle asks the same question with the same answers.
+TEST_F(PuzzleSession, OneSaveChangesPathForEveryWayOut)
+{
+    const QString path = openFile("a.xwd");
+    const std::vector<std::pair<const char *, std::function<bool()>>> ways = {
+        {"open", [] { return Session().Open(false); }},
+        {"new", [] { return Session().New(13); }},
+        {"history", [] { return Session().OpenHistory(2); }},
+        {"close", [] { return Session().Close(); }},
+    };
+    for (const auto &[name, leave] : ways) {
+        SCOPED_TRACE(name);
+        Session().SetCell(1, 1, 'Q');
+        prompts->Asked.clear();
+        answer({TAnswer::Cancel});
+        EXPECT_FALSE(leave()) << "Cancel stays with the puzzle";
+        EXPECT_EQ(prompts->Asked, QStringList{Question}) << "asked once, and nothing else";
+        EXPECT_TRUE(PuzzleChanged);
+        EXPECT_TRUE(Session().IsOpen());
+
+        answer({TAnswer::No});
+        leave();
+        EXPECT_FALSE(PuzzleChanged) << "No drops the changes";
+        EXPECT_NE(ReadPuzzleRecord(path).Cells(1, 1), 'Q');
+        Session().Reset();
+        ASSERT_TRUE(Session().OpenFile(path, false));
+    }
+
+    Session().SetCell(1, 1, 'Q');
+    answer({TAnswer::Yes});
+    EXPECT_TRUE(Session().Close());
+    EXPECT_EQ(ReadPuzzleRecord(path).Cells(1, 1), 'Q') << "Yes writes the file";
+    EXPECT_FALSE(PuzzleChanged);
+}
+
+TEST_F(PuzzleSession, SolvingSavesUnaskedUnlessThePuzzleHasNoFile)
+{
+    const QString path = openFile("s.xwd", true);
+    Session().SetEntry(2, 1, 'E');
+    EXPECT_TRUE(Session().Close());
+    EXPECT_TRUE(prompts->Asked.isEmpty());
+    EXPECT_EQ(ReadPuzzleRecord(path).Entries(2, 1), 'E');
+
+    // An imported puzzle has no file: even solving, the question comes first, and
+    // saving asks for a name.
+    const QString ipuz = dir.path("from elsewhere.ipuz");
+    WriteFileAtomically(ipuz, ExportPuzzle(Puzzle, TFileKind::Ipuz, QStringLiteral("t")));
+    ASSERT_TRUE(Session().Import(ipuz, true));
+    EXPECT_TRUE(PuzzleChanged && !Session().HasFile());
+    EXPECT_EQ(Session().Title(), "FROM ELSEWHERE (not saved)");
+    prompts->Asked.clear();
+    answer({TAnswer::Yes});
+    EXPECT_FALSE(Session().Close()) << "no name chosen: the puzzle stays";
+    EXPECT_EQ(prompts->Asked, (QStringList{Question, "Save puzzle as..."}));
+    answer({TAnswer::Yes});
+    chooseFile(dir.path("kept.xwd"));
+    EXPECT_TRUE(Session().Close());
+    EXPECT_EQ(CurrentPuzzlePath, dir.path("kept.xwd"));
+    EXPECT_TRUE(QFile::exists(CurrentPuzzlePath));
+}
+
+// A write that fails leaves the record, the flag, the file name and the mode as they were.
+TEST_F(PuzzleSession, FailedWritesChangeNothing)
+{
+    const QString path = openFile("keep.xwd");
+    Session().SetCell(3, 3, 'Z');
+    const QByteArray before = EncodePuzzle(Puzzle);
+    const QString nowhere = dir.path("no/such/folder/x.xwd");
+    const std::vector<std::pair<const char *, std::function<bool()>>> commands = {
+        {"new", [] { return Session().New(15); }},
+        {"save as", [] { return Session().SaveAs(); }},
+        {"copy grid as", [] { return Session().CopyGridAs(); }},
+        {"version 5 copy", [] { return Session().SaveAs(); }},
+    };
+    for (const auto &[name, command] : commands) {
+        SCOPED_TRACE(name);
+        chooseFile(nowhere, std::string(name) == "version 5 copy" ? 2 : 1);
+        events.clear();
+        prompts->Errors.clear();
+        // (New would ask about the changes first.)
+        PuzzleChanged = std::string(name) != "new";
+        EXPECT_FALSE(command());
+        EXPECT_EQ(EncodePuzzle(Puzzle), before);
+        EXPECT_EQ(CurrentPuzzlePath, path);
+        EXPECT_EQ(PuzzleMode, ConstructMode);
+        EXPECT_EQ(PuzzleChanged, std::string(name) != "new");
+        EXPECT_TRUE(events.isEmpty()) << events.join(", ").toStdString();
+        EXPECT_EQ(prompts->Errors.size(), 1);
+    }
+
+    // The file's folder is gone: leaving asks whether to go on without the changes.
+    QDir(dir.path("")).removeRecursively();
+    PuzzleChanged = true;
+    answer({TAnswer::Yes, TAnswer::No});
+    EXPECT_FALSE(Session().Close()) << "No to going on stays";
+    EXPECT_TRUE(PuzzleChanged);
+    answer({TAnswer::Yes, TAnswer::Yes});
+    EXPECT_TRUE(Session().Close());
+    EXPECT_FALSE(PuzzleChanged);
+}
+
+TEST_F(PuzzleSession, SaveAsCarriesTheNameAVersion5CopyDoesNot)
+{
+    const QString path = openFile("first.xwd");
+    chooseFile(dir.path("old"), 2);
+    EXPECT_TRUE(Session().SaveAs());
+    EXPECT_EQ(QFileInfo(dir.path("old.xwd")).size(), PuzzleFile5Size);
+    EXPECT_EQ(CurrentPuzzlePath, path);
+
+    chooseFile(dir.path("grid.xwd"));
+    Session().SetCell(1, 1, 'Q');
+    EXPECT_TRUE(Session().CopyGridAs());
+    EXPECT_EQ(CurrentPuzzlePath, dir.path("grid.xwd"));
+    EXPECT_EQ(Puzzle.Cells(1, 1), 0) << "the copy keeps only black squares";
+    EXPECT_EQ(Puzzle.clue(1), "");
+    EXPECT_FALSE(PuzzleChanged);
+    EXPECT_EQ(events, (QStringList{"saved v5", "changed Typing", "saved", "opened"}));
+
+    chooseFile(dir.path("notes.txt"));
+    EXPECT_FALSE(Session().SaveAs());
+    EXPECT_EQ(prompts->Errors, QStringList{"Not a valid Quillmark puzzle."});
+    EXPECT_FALSE(QFile::exists(dir.path("notes.txt")));
+}
+
+TEST_F(PuzzleSession, RevertReadsTheFileAgainAsOneChange)
+{
+    const QString path = openFile("r.xwd");
+    Session().SetCell(1, 1, 'Q');
+    answer({TAnswer::No});
+    EXPECT_FALSE(Session().Revert());
+    EXPECT_EQ(Puzzle.Cells(1, 1), 'Q');
+    answer({TAnswer::Yes});
+    EXPECT_TRUE(Session().Revert());
+    EXPECT_EQ(EncodePuzzle(Puzzle), ReadFileBytes(path));
+    EXPECT_FALSE(PuzzleChanged);
+    EXPECT_EQ(events, (QStringList{"changed Typing", "changed Revert"}));
+    EXPECT_EQ(Session().LastEdit().Before.Cells(1, 1), 'Q') << "the record before is kept for undo";
+}
+
+// Every change names its step, keeps the record before it and marks the puzzle changed.
+TEST_F(PuzzleSession, EveryChangeIsAnnouncedOnce)
+{
+    const struct {
+        const char *caption;
+        std::function<void()> change;
+        std::function<bool()> done;
+    } changes[] = {
+        {"Typing", [] { Session().SetCell(2, 2, 'A'); }, [] { return Puzzle.Cells(2, 2) == 'A'; }},
+        {"Typing", [] { Session().SetEntry(2, 2, 'B'); }, [] { return Puzzle.Entries(2, 2) == 'B'; }},
+        {"Clue", [] { Session().SetClue(1, 2, Direction::Across, 4, "New clue"); },
+         [] { return Puzzle.clue(4) == "New clue" && Puzzle.slotAt(1, 2, Direction::Across) == 4; }},
+        {"Byline", [] { Session().SetByline("Ann"); }, [] { return Puzzle.Byline.text() == "Ann"; }},
+        {"Flip", [] {
+             TPuzzle flipped = Puzzle;
+             flipped.Size = 13;
+             Session().Replace(QStringLiteral("Flip"), flipped);
+         },
+         [] { return Puzzle.Size == 13; }},
+    };
+    for (const auto &c : changes) {
+        SCOPED_TRACE(c.caption);
+        PuzzleChanged = false;
+        events.clear();
+        const QByteArray before = EncodePuzzle(Puzzle);
+        c.change();
+        EXPECT_TRUE(c.done());
+        EXPECT_TRUE(PuzzleChanged);
+        EXPECT_EQ(events, QStringList{QStringLiteral("changed ") + c.caption});
+        EXPECT_EQ(EncodePuzzle(Session().LastEdit().Before), before);
+    }
+}
+
+TEST_F(PuzzleSession, ABlackSquareAndItsPartnerAreOneChange)
+{
+    SquareSize = 20;
+    TGridEditor editor;
+    editor.Symmetry = 1;
+    editor.SetSquare(5, 5, false);
+    EXPECT_EQ(events, QStringList{"changed Black Square"});
+    EXPECT_TRUE(Puzzle.isBlock(1, 1) && Puzzle.isBlock(11, 11));
+    EXPECT_EQ(Session().LastEdit().Cursor.Column, 1);
+    EXPECT_EQ(Session().LastEdit().Before.Cells(11, 11), 0);
+}

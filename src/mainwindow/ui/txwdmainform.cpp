@@ -2,6 +2,7 @@
 
 #include "clues/ui/tautoclueform.h"
 #include "clues/ui/tbylineform.h"
+#include "fill/ui/fillcommands.h"
 #include "inspect/ui/inspectcommands.h"
 #include "interchange/ui/interchangecommands.h"
 #include "mainwindow/history.h"
@@ -150,6 +151,7 @@ TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
     InstallHelpCommands(this);
     InstallWebCommands(this);
     InstallInterchangeCommands(this);
+    InstallFillCommands(this);
     updateActions();
 }
 

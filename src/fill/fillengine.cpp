@@ -1,5 +1,7 @@
 #include "fill/fillengine.h"
 
+#include "settings/txwdprocs.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -697,6 +699,16 @@ TFillResult FillGrid(const TFillRequest &request)
 {
     TEngine engine(request);
     return engine.run();
+}
+
+int FillTimeLimitSetting()
+{
+    return std::clamp(ReadSetting(QStringLiteral("FillTimeLimit"), 60).toInt(), 1, 3600);
+}
+
+int FillMinScoreSetting()
+{
+    return std::clamp(ReadSetting(QStringLiteral("FillMinScore"), 0).toInt(), 0, 100);
 }
 
 std::vector<bool> FillRegion(const TPuzzle &grid, int c, int r, Direction d)

@@ -55,6 +55,11 @@ struct TFillResult {
 
 TFillResult FillGrid(const TFillRequest &request);
 
+// The preferences of autofill in the program, with their defaults: the seconds a fill may
+// search and the lowest score of the words it uses.
+int FillTimeLimitSetting();
+int FillMinScoreSetting();
+
 // The squares a region fill may write: the empty and open squares reachable from those of
 // the word starting at (c, r) in direction d, passing from a square to every square of each
 // word through it.

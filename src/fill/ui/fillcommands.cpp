@@ -5,7 +5,6 @@
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/dialogs.h"
 #include "mainwindow/ui/txwdmainform.h"
-#include "settings/txwdprocs.h"
 #include "views/gridgeometry.h"
 #include "views/ui/txwdgridform.h"
 
@@ -23,10 +22,6 @@
 #include <memory>
 
 namespace {
-
-// Seconds a fill may search, and the lowest score it uses, unless the preferences say otherwise.
-constexpr int DefaultFillTimeLimit = 60;
-constexpr int DefaultFillMinScore = 0;
 
 // What the worker and the window thread share while a fill runs: the worker writes the
 // counts and the result, the window thread reads them and sets the cancel flag.
@@ -179,8 +174,8 @@ void TAutofill::start(TFillKind kind, const QString &caption, const TPuzzle &bas
     request.Grid = base;
     request.Fillable = std::move(fillable);
     request.Seed = seed;
-    request.TimeLimit = ReadSetting(QStringLiteral("FillTimeLimit"), DefaultFillTimeLimit).toInt();
-    request.MinScore = ReadSetting(QStringLiteral("FillMinScore"), DefaultFillMinScore).toInt();
+    request.TimeLimit = FillTimeLimitSetting();
+    request.MinScore = FillMinScoreSetting();
     TFillJob *job = job_.get();
     request.Cancel = &job->Cancel;
     request.Progress = [job](int filled, int total) {

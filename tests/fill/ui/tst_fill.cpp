@@ -9,6 +9,7 @@
 #include "scripteddialogs.h"
 #include "settings/txwdprocs.h"
 #include "uitestmain.h"
+#include "views/ui/txwdgridform.h"
 
 #include <QAction>
 #include <QDialog>
@@ -128,6 +129,31 @@ private slots:
                 QCOMPARE(int(Puzzle.Cells(c, r)), 0);
         QVERIFY(!PuzzleChanged);
         QVERIFY(act("FillGridAct")->isEnabled());
+    }
+
+    void noFillNamesTheWordAtFaultAndTheTimeLimitKeepsTheGrid()
+    {
+        // QXZ. fits no word: 1 Across is at fault and becomes the current word.
+        QStringList rows = {"QXZ.#######"};
+        while (rows.size() < 11)
+            rows.append(QStringLiteral("###########"));
+        openPuzzle(gridText(rows));
+        act("FillGridAct")->trigger();
+        QTRY_VERIFY_WITH_TIMEOUT(!progressWindow()->isVisible(), 30000);
+        QCOMPARE((*dialogs)->Informations, QStringList({"No fill exists. The words at fault: 1 Across."}));
+        QCOMPARE(program->GridForm->Editor.WordDirection, 1);
+        QCOMPARE(program->GridForm->Editor.HighlightedSquares().size(), 4);
+        QVERIFY(!PuzzleChanged);
+
+        (*dialogs)->Informations.clear();
+        WriteSetting("FillTimeLimit", 1);
+        openPuzzle(open());
+        act("FillGridAct")->trigger();
+        QTRY_VERIFY_WITH_TIMEOUT(!progressWindow()->isVisible(), 20000);
+        QCOMPARE((*dialogs)->Informations,
+                 QStringList({"The time limit ran out before a fill was found; the grid is as it was."}));
+        QCOMPARE(int(Puzzle.Cells(1, 1)), 0);
+        QVERIFY(!PuzzleChanged);
     }
 };
 

@@ -510,18 +510,15 @@ void TEngine::buildTables(const std::vector<bool> &fillable)
         std::vector<int> &ids = byLength[n];
         if (!taken.empty())
             std::erase_if(ids, [&](int i) { return std::binary_search(taken.begin(), taken.end(), std::string(words.word(i))); });
+        // One key per word: the score above, the seed's order of ties below; a list's own
+        // order settles the (vanishingly rare) equal keys, so the order is the same every time.
         std::vector<std::pair<quint64, int>> keyed;
         keyed.reserve(ids.size());
-        for (int i : ids)
-            keyed.emplace_back(HashBytes(words.word(i), request_.Seed), i);
-        std::sort(keyed.begin(), keyed.end(), [&](const auto &a, const auto &b) {
-            const int sa = words.score(a.second), sb = words.score(b.second);
-            if (sa != sb)
-                return sa > sb;
-            if (a.first != b.first)
-                return a.first < b.first;
-            return words.word(a.second) < words.word(b.second);
-        });
+        for (int i : ids) {
+            const quint64 score = quint64(std::clamp(words.score(i), 0, 127));
+            keyed.emplace_back(((127 - score) << 57) | (HashBytes(words.word(i), request_.Seed) >> 7), i);
+        }
+        std::sort(keyed.begin(), keyed.end());
         TLengthTable &table = tables_[n];
         table.Length = n;
         table.Count = int(keyed.size());
@@ -534,11 +531,14 @@ void TEngine::buildTables(const std::vector<bool> &fillable)
             const std::string_view word = words.word(keyed[w].second);
             table.Source[w] = keyed[w].second;
             table.Scores[w] = words.score(keyed[w].second);
-            for (int p = 0; p < n; ++p) {
-                const int a = letterOf_[uint8_t(word[p])];
-                table.Letters[size_t(w) * n + p] = uint8_t(a);
-                table.Bits[size_t(p * letters_ + a) * table.Blocks + (w >> 6)] |= uint64_t(1) << (w & 63);
-            }
+            for (int p = 0; p < n; ++p)
+                table.Letters[size_t(w) * n + p] = uint8_t(letterOf_[uint8_t(word[p])]);
+        }
+        // Position by position, so that the writes run along a few rows of bits at a time.
+        for (int p = 0; p < n; ++p) {
+            uint64_t *rows = table.Bits.data() + size_t(p * letters_) * table.Blocks;
+            for (int w = 0; w < table.Count; ++w)
+                rows[size_t(table.Letters[size_t(w) * n + p]) * table.Blocks + (w >> 6)] |= uint64_t(1) << (w & 63);
         }
     }
 }

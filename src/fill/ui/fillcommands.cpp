@@ -143,6 +143,16 @@ void TAutofill::startFromCommand(TFillKind kind)
                 fillable[(c - 1) * MaxGrid + (r - 1)] = true;
         }
     }
+    bool anyOpen = false;
+    for (int c = 1; c <= p.Size; ++c)
+        for (int r = 1; r <= p.Size; ++r) {
+            const bool inside = fillable.empty() || fillable[(c - 1) * MaxGrid + (r - 1)];
+            anyOpen = anyOpen || (inside && (p.Cells(c, r) == 0 || p.Cells(c, r) == OpenChar));
+        }
+    if (!anyOpen) {
+        Dialogs().Inform(form_, QStringLiteral("There is no empty square to fill."));
+        return;
+    }
     static const QString captions[] = {QStringLiteral("Fill Grid"), QStringLiteral("Fill Region"),
                                        QStringLiteral("Fill Word")};
     start(kind, captions[int(kind)], p, std::move(fillable), haveLast_ ? lastSeed_ + 1 : 1);

@@ -17,6 +17,7 @@ int main(int argc, char *argv[])
     TProgram program;
     program.Start(app.arguments().mid(1));
     splash.finish(program.MainForm);
+    program.OfferRecovery();
     if (scripted)
         FinishScriptedRun(program);
     return app.exec();

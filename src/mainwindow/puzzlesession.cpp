@@ -1,5 +1,6 @@
 #include "mainwindow/puzzlesession.h"
 
+#include "clues/gridlanguage.h"
 #include "interchange/interchange.h"
 #include "mainwindow/history.h"
 #include "mainwindow/puzzlestate.h"
@@ -174,6 +175,9 @@ bool TPuzzleSession::OpenFile(const QString &path, bool solving)
             } catch (const TPuzzleIOError &) {
             }
         }
+        // The command line's puzzle that cannot be read leaves none open.
+        if (!open_)
+            CurrentPuzzlePath.clear();
         error(CorruptMessage);
         return false;
     }
@@ -237,6 +241,18 @@ bool TPuzzleSession::OpenHistory(int k)
     }
     PuzzleChanged = false;
     becomeOpen(path, solving ? SolveMode : ConstructMode);
+    return true;
+}
+
+bool TPuzzleSession::OpenRecovered(const TPuzzle &record, const QString &path, uint8_t mode)
+{
+    if (!SaveChangesQuery())
+        return false;
+    Puzzle = record;
+    PuzzleChanged = true;
+    becomeOpen(path, mode == SolveMode ? SolveMode : ConstructMode,
+               path.isEmpty() ? QStringLiteral("RECOVERED") : QString());
+    history_.MarkDifferentFromFile();
     return true;
 }
 
@@ -459,6 +475,15 @@ void TPuzzleSession::SetByline(const QByteArray &byline)
     Edit(QStringLiteral("Byline"), TChangeKind::Byline, [&](TPuzzle &p) { p.Byline.setText(byline); });
 }
 
+void TPuzzleSession::SetLanguageMark(int language)
+{
+    const TPuzzle before = Puzzle;
+    MarkLanguageChoice(Puzzle, language);
+    // Still a change of the record's bytes: a step, so that undo gives the record back whole.
+    history_.Record(before, Puzzle, QStringLiteral("Grid Language"), QStringLiteral("Grid Language"));
+    emit historyChanged();
+}
+
 void TPuzzleSession::Replace(const QString &caption, const TPuzzle &record, TChangeKind kind)
 {
     Edit(caption, kind, [&](TPuzzle &p) { p = record; });
@@ -485,6 +510,7 @@ std::optional<TUndoPlace> TPuzzleSession::step(bool back)
     *last_ = {QString(), TChangeKind::Whole, cursor, before};
     emit changed(TChangeKind::Whole, cursor);
     emit historyChanged();
+    emit restored();
     return place;
 }
 

@@ -88,6 +88,9 @@ public:
     bool Import(const QString &path, bool solving);
     // History entry k (1 to 3) as stored in the settings.
     bool OpenHistory(int k);
+    // A puzzle kept from a run that did not end well, under its own path (none for one
+    // never saved) and in its mode, marked changed: the recovered work is not on disk yet.
+    bool OpenRecovered(const TPuzzle &record, const QString &path, uint8_t mode);
     // Writes the open puzzle to its file; a puzzle with no file asks for a name (SaveAs).
     bool Save();
     // "Save puzzle as...": the puzzle under a new name, which it then carries; the
@@ -130,6 +133,11 @@ public:
     void SetByline(const QByteArray &byline);
     // Replaces the whole record (a transform's result, a cleared puzzle).
     void Replace(const QString &caption, const TPuzzle &record, TChangeKind kind = TChangeKind::Whole);
+    // The preferences' last chosen grid language, kept in the clue slot no word uses. It is
+    // no edit of the puzzle (nothing reads it back): no announcement, and PuzzleChanged
+    // stays as it is; but it is an undo step (one for a row of clicks), so that undo gives
+    // the record back byte for byte.
+    void SetLanguageMark(int language);
 
     // --- Undo --------------------------------------------------------------------------
     // Every change with a caption is a step of the history, which a new, opened, reverted
@@ -154,6 +162,9 @@ signals:
     void closed();
     // What Undo and Redo would do changed, or PuzzleChanged may have.
     void historyChanged();
+    // Undo or Redo took the record a step back or forward (after `changed`): every window
+    // shows the puzzle afresh, also those that otherwise wait for the user to ask.
+    void restored();
 
 private:
     TAnswer ask(const QString &text, bool withCancel, bool warning = false) const;

@@ -167,6 +167,11 @@ TRecoveryKeeper::TRecoveryKeeper(const QString &folder, int quietMs, int latestM
     latest_.setInterval(latestMs);
 }
 
+TRecoveryKeeper::~TRecoveryKeeper()
+{
+    store_.Remove();
+}
+
 void TRecoveryKeeper::PuzzleStateChanged()
 {
     if (!PuzzleChanged) {

@@ -76,6 +76,8 @@ public:
 
     explicit TRecoveryKeeper(const QString &folder = {}, int quietMs = DefaultQuietMs, int latestMs = DefaultLatestMs,
                              QObject *parent = nullptr);
+    // An orderly end: the puzzle was saved or its changes declined on the way out.
+    ~TRecoveryKeeper() override;
 
     // After anything that may have changed Puzzle or PuzzleChanged: a changed puzzle is
     // written soon, an unchanged one's file removed at once.

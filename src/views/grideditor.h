@@ -1,8 +1,9 @@
 #pragma once
 // The editing state of the grid window and the rules by which mouse clicks and keys edit
 // the one Puzzle: black squares with their symmetric partners, the cursor and the current
-// word, typing with its advance along the word, arrows and Backspace. Nothing here paints;
-// the window repaints from this state after every call.
+// word, typing with its advance along the word, arrows and Backspace. Nothing here paints:
+// every change to the puzzle goes through the session, whose announcement repaints the
+// window, and the window repaints after a move of the cursor or the current word.
 
 #include "clues/gridlanguage.h"
 

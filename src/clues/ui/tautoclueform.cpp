@@ -3,6 +3,7 @@
 #include "clues/deflist.h"
 #include "clues/ui/tcharmapform.h"
 #include "clues/ui/tdeflistform.h"
+#include "mainwindow/puzzlesession.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/dialogs.h"
 #include "mainwindow/ui/tsoundfx.h"
@@ -75,6 +76,11 @@ TAutoclueForm::TAutoclueForm(QWidget *parent) : QWidget(parent, Qt::Tool)
 {
     setObjectName(QStringLiteral("AutoclueForm"));
     setWindowTitle(QStringLiteral("Autoclue"));
+    // The word being clued shows its clue and letters as an undo or redo left them.
+    connect(&Session(), &TPuzzleSession::restored, this, [this] {
+        if (isVisible())
+            ShowCurrentWord(Walk.WalkDir);
+    });
 
     ClueLbl = makeLabel(this, "ClueLbl");
     NumLbl = makeLabel(this, "NumLbl");
@@ -283,10 +289,8 @@ void TAutoclueForm::DefEditChange()
         DefEdit->setCursorPosition(caret);
         return;
     }
-    if (Walk.StoreClue(ToCp1252(DefEdit->text()))) {
+    if (Walk.StoreClue(ToCp1252(DefEdit->text())))
         replaceDefLine();
-        PuzzleChanged = true;
-    }
 }
 
 void TAutoclueForm::replaceDefLine()

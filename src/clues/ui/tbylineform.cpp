@@ -1,5 +1,6 @@
 #include "clues/ui/tbylineform.h"
 
+#include "mainwindow/puzzlesession.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/dialogs.h"
 #include "mainwindow/ui/txwdmainform.h"
@@ -96,8 +97,7 @@ void TBylineForm::NobyChkClick()
 
 void TBylineForm::SaveBtnClick()
 {
-    Puzzle.Byline.setText(ToCp1252(BylineEdit->text()).left(MaxBylineLength));
-    PuzzleChanged = true;
+    Session().SetByline(ToCp1252(BylineEdit->text()).left(MaxBylineLength));
     accept();
 }
 
@@ -124,7 +124,5 @@ void InstallBylineCommands(TXwdMainForm *form)
     if (QMenu *menu = form->Menu(QStringLiteral("OptionsMenu")))
         menu->addAction(action);
     QObject::connect(action, &QAction::triggered, form, [form] { BylineActExecute(form); });
-    QObject::connect(form, &TXwdMainForm::ActionsUpdated, action, [form, action] {
-        action->setEnabled(form->IsPuzzleOpen() && PuzzleMode != SolveMode);
-    });
+    form->EnableWhen(action, [] { return Session().IsConstructing(); });
 }

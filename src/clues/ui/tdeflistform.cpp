@@ -2,6 +2,7 @@
 
 #include "clues/deflist.h"
 #include "clues/ui/tautoclueform.h"
+#include "mainwindow/puzzlesession.h"
 #include "mainwindow/ui/appresources.h"
 #include "model/cp1252.h"
 #include "settings/fontsetting.h"
@@ -46,6 +47,10 @@ TDefListForm::TDefListForm(QWidget *parent) : QWidget(parent, Qt::Tool)
 {
     setObjectName(QStringLiteral("DefListForm"));
     setWindowTitle(QStringLiteral("Definitions"));
+    connect(&Session(), &TPuzzleSession::restored, this, [this] {
+        if (isVisible())
+            Fill();
+    });
 
     Panel1 = new QWidget(this);
     Panel1->setObjectName(QStringLiteral("Panel1"));

@@ -3,6 +3,7 @@
 #include "inspect/transforms.h"
 #include "inspect/ui/tanalysisform.h"
 #include "inspect/ui/tscangridform.h"
+#include "mainwindow/puzzlesession.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/dialogs.h"
 #include "mainwindow/ui/tsoundfx.h"
@@ -55,10 +56,10 @@ void TransformClick(TXwdMainForm *form, QAction *action)
         QStringLiteral("Some definitions may be lost in transformation. ") + action->text().mid(1, 6) + u'?';
     if (Dialogs().Ask(form, question, false) != TAnswer::Yes)
         return;
-    TransformPuzzle(Puzzle, kind);
+    Session().Edit(action->text().remove(u'&').remove(QStringLiteral("...")), TChangeKind::Whole,
+                   [kind](TPuzzle &p) { TransformPuzzle(p, kind); });
     if (XwdGridForm)
         XwdGridForm->DropCurrentWord();
-    PuzzleChanged = true;
 }
 
 void InstallInspectCommands(TXwdMainForm *form)
@@ -77,15 +78,11 @@ void InstallInspectCommands(TXwdMainForm *form)
     for (QAction *action : transforms)
         QObject::connect(action, &QAction::triggered, form, [form, action] { TransformClick(form, action); });
 
-    const auto update = [form, scan, analysis, transforms] {
-        const bool constructing = form->IsPuzzleOpen() && PuzzleMode != SolveMode;
-        scan->setEnabled(constructing);
-        analysis->setEnabled(constructing);
-        for (QAction *action : transforms) {
-            action->setEnabled(constructing);
-            action->setVisible(constructing);
-        }
-    };
-    QObject::connect(form, &TXwdMainForm::ActionsUpdated, form, update);
-    update();
+    const auto constructing = [] { return Session().IsConstructing(); };
+    form->EnableWhen(scan, constructing);
+    form->EnableWhen(analysis, constructing);
+    for (QAction *action : transforms) {
+        form->EnableWhen(action, constructing);
+        form->ShowWhen(action, constructing);
+    }
 }

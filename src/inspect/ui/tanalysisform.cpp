@@ -1,5 +1,6 @@
 #include "inspect/ui/tanalysisform.h"
 
+#include "mainwindow/puzzlesession.h"
 #include "model/cp1252.h"
 #include "model/puzzle.h"
 
@@ -50,6 +51,10 @@ TAnalysisForm::TAnalysisForm(QWidget *parent) : QWidget(parent, Qt::Tool | Qt::W
 {
     setObjectName(QStringLiteral("AnalysisForm"));
     setWindowTitle(QStringLiteral("Puzzle Analysis"));
+    connect(&Session(), &TPuzzleSession::restored, this, [this] {
+        if (isVisible())
+            FormShow();
+    });
     auto *grid = new QGridLayout;
     const auto line = [this, grid](const QString &caption, const char *name) {
         auto *captionLabel = new QLabel(caption, this);

@@ -248,11 +248,5 @@ void TScanGridForm::ScanListClick()
     if (row < 0 || row >= records_.size() || !XwdGridForm)
         return;
     const TScanRecord &record = records_[row];
-    TGridEditor &grid = XwdGridForm->Editor;
-    if (grid.WordDirection != 0)
-        XwdGridForm->RestoreHighlight();
-    grid.WordDirection = record.Direction;
-    grid.HighlightWord(record.Pixel, ColorFromRef(0x00FFFF));
-    grid.CursorPos = record.Pixel;
-    XwdGridForm->update();
+    XwdGridForm->SelectWord(record.Pixel, record.Direction, ColorFromRef(0x00FFFF));
 }

@@ -4,14 +4,11 @@
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/dialogs.h"
 #include "mainwindow/ui/tinfowin.h"
-#include "mainwindow/ui/tsoundfx.h"
 #include "mainwindow/ui/txwdmainform.h"
 #include "model/puzzlefile.h"
-#include "views/ui/txwdgridform.h"
 
 #include <QAction>
 #include <QDir>
-#include <QFileInfo>
 #include <QMenu>
 
 namespace {
@@ -60,59 +57,6 @@ void InstallInterchangeCommands(TXwdMainForm *form)
     QObject::connect(ipuz, &QAction::triggered, form, [form] { exportAs(form, TFileKind::Ipuz); });
     menu->addSeparator();
     menu->addActions({puz, ipuz});
-    QObject::connect(form, &TXwdMainForm::ActionsUpdated, form, [form, puz, ipuz] {
-        puz->setEnabled(form->IsPuzzleOpen());
-        ipuz->setEnabled(form->IsPuzzleOpen());
-        // An imported puzzle has no saved file to go back to.
-        if (CurrentPuzzlePath.isEmpty())
-            form->RevertToSavedAct->setEnabled(false);
-    });
-}
-
-QString InterchangeOpenFilter()
-{
-    return QStringLiteral("|Across Lite Puzzle|*.puz|ipuz Puzzle|*.ipuz");
-}
-
-bool IsInterchangeFile(const QString &path)
-{
-    const TFileKind kind = FileKindOf(path);
-    return kind == TFileKind::Puz || kind == TFileKind::Ipuz;
-}
-
-bool OpenInterchangeFile(TXwdMainForm *form, const QString &path, bool solving)
-{
-    TImportedPuzzle imported;
-    try {
-        try {
-            imported = ImportPuzzleFile(path);
-        } catch (const TLongTextError &e) {
-            PlayQuestionSound();
-            if (Dialogs().Ask(form, e.message() + QStringLiteral("\n\nCut them to fit and open the puzzle?"), false) !=
-                TAnswer::Yes)
-                return false;
-            imported = ImportPuzzleFile(path, {true});
-        }
-    } catch (const TInterchangeError &e) {
-        ShowPuzzleError(e.message());
-        return false;
-    }
-    Puzzle = imported.Puzzle;
-    PuzzleMode = solving ? SolveMode : ConstructMode;
-    // No .xwd file yet: Save asks for one, and closing asks before anything is lost.
-    CurrentPuzzlePath.clear();
-    form->PuzzleOpened();
-    PuzzleChanged = true;
-    if (XwdGridForm)
-        XwdGridForm->setWindowTitle(QStringLiteral("%1 (not saved)").arg(QFileInfo(path).completeBaseName().toUpper()));
-    if (!imported.Warnings.isEmpty())
-        Dialogs().Inform(form, QStringLiteral("%1 was opened, but:\n\n%2")
-                                   .arg(QFileInfo(path).fileName(), imported.Warnings.join(QStringLiteral("\n\n"))));
-    return true;
-}
-
-bool SaveUntitledPuzzle(TXwdMainForm *form)
-{
-    form->CopyGridAs1Click(form->SavePuzzleAsAct);
-    return !CurrentPuzzlePath.isEmpty();
+    for (QAction *action : {puz, ipuz})
+        form->EnableWhen(action, [form] { return form->IsPuzzleOpen(); });
 }

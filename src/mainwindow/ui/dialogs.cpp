@@ -1,5 +1,8 @@
 #include "mainwindow/ui/dialogs.h"
 
+#include "mainwindow/ui/tsoundfx.h"
+#include "mainwindow/ui/txwdmainform.h"
+
 #include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -159,4 +162,29 @@ QString QtFileFilter(const QString &windowsFilter)
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
         filters.append(QStringLiteral("%1 (%2)").arg(parts[i].trimmed(), parts[i + 1].split(u';').join(u' ')));
     return filters.join(QStringLiteral(";;"));
+}
+
+namespace {
+
+class TDialogPrompts final : public TSessionPrompts {
+public:
+    TAnswer Ask(const QString &text, bool withCancel, bool warning) override
+    {
+        PlayQuestionSound();
+        return warning ? Dialogs().AskWarning(XwdMainForm, text, withCancel)
+                       : Dialogs().Ask(XwdMainForm, text, withCancel);
+    }
+    std::optional<TFileChoice> ChooseFile(const TFileRequest &request) override
+    {
+        return Dialogs().ChooseFile(XwdMainForm, request);
+    }
+    void Error(const QString &text) override { ShowPuzzleError(text); }
+    void Inform(const QString &text) override { Dialogs().Inform(XwdMainForm, text); }
+};
+
+}  // namespace
+
+std::shared_ptr<TSessionPrompts> DialogPrompts()
+{
+    return std::make_shared<TDialogPrompts>();
 }

@@ -48,5 +48,9 @@ TDialogs &Dialogs();
 // Replaces the dialogs (tests); returns the previous ones.
 std::unique_ptr<TDialogs> SetDialogs(std::unique_ptr<TDialogs> dialogs);
 
+// The puzzle session's questions asked with these dialogs over the main window, each after
+// its sound (the question sound, or the error box's own).
+std::shared_ptr<TSessionPrompts> DialogPrompts();
+
 // "Description|pattern|..." as Qt's "Description (pattern);;...".
 QString QtFileFilter(const QString &windowsFilter);

@@ -80,12 +80,12 @@ void InstallToolsCommands(TXwdMainForm *form)
         row->insertWidget(row->count() - 1, dictBtn);
 
     // Each tool is available exactly when its program is linked.
-    QObject::connect(form, &TXwdMainForm::ActionsUpdated, dictBtn, [actions, dictBtn] {
-        for (int i = 0; i < CompanionToolCount; ++i)
-            actions[i]->setEnabled(!CompanionToolPath(i).isEmpty());
-        dictBtn->setEnabled(actions.first()->isEnabled());
-        dictBtn->setToolTip(dictBtn->isEnabled() ? DictHint : QString());
-    });
+    for (int i = 0; i < CompanionToolCount; ++i)
+        form->EnableWhen(actions[i], [i] { return !CompanionToolPath(i).isEmpty(); });
+    form->EnableWhen(dictBtn, [] { return !CompanionToolPath(0).isEmpty(); });
+    // The button's hint shows exactly while it acts.
+    QObject::connect(form, &TXwdMainForm::ActionsUpdated, dictBtn,
+                     [dictBtn] { dictBtn->setToolTip(dictBtn->isEnabled() ? DictHint : QString()); });
 }
 
 void InstallHelpCommands(TXwdMainForm *form)

@@ -1,7 +1,10 @@
 #include "mainwindow/ui/tprogram.h"
 
 #include "clues/ui/tautoclueform.h"
+#include "mainwindow/puzzlesession.h"
 #include "mainwindow/puzzlestate.h"
+#include "mainwindow/recovery.h"
+#include "mainwindow/ui/recoveryoffer.h"
 #include "mainwindow/ui/tinfowin.h"
 #include "mainwindow/ui/tsoundfx.h"
 #include "mainwindow/ui/txwdmainform.h"
@@ -40,6 +43,17 @@ TProgram::TProgram()
     InfoWin = new TInfoWin(MainForm);
     ::InfoWin = InfoWin;
 
+    // The changed puzzle is kept in a recovery file until it is saved, declined or closed.
+    recovery_ = std::make_unique<TRecoveryKeeper>();
+    TRecoveryKeeper *keeper = recovery_.get();
+    const auto sync = [keeper] { keeper->PuzzleStateChanged(); };
+    TPuzzleSession *session = &Session();
+    QObject::connect(session, &TPuzzleSession::opened, keeper, sync);
+    QObject::connect(session, &TPuzzleSession::changed, keeper, sync);
+    QObject::connect(session, &TPuzzleSession::saved, keeper, sync);
+    QObject::connect(session, &TPuzzleSession::historyChanged, keeper, sync);
+    QObject::connect(session, &TPuzzleSession::closed, keeper, &TRecoveryKeeper::PuzzleClosed);
+
     GridForm->setGuidesAction(MainForm->ShowGuidesAct);
     QObject::connect(GridForm, &TXwdGridForm::clueSelected, MainForm, &TXwdMainForm::ShowSolvingClue);
     QObject::connect(GridForm, &TXwdGridForm::clueDisplayCleared, MainForm, &TXwdMainForm::ClearSolvingClue);
@@ -49,6 +63,7 @@ TProgram::~TProgram()
 {
     // The tool windows refuse to close otherwise.
     ClosingAllowed = true;
+    recovery_.reset();
     XwdGridForm = nullptr;
     ::AutoclueForm = nullptr;
     ::CluesForm = nullptr;
@@ -66,6 +81,11 @@ void TProgram::Start(const QStringList &arguments)
 {
     MainForm->show();
     MainForm->FormShow(arguments);
+}
+
+void TProgram::OfferRecovery()
+{
+    ::OfferRecovery(MainForm, *recovery_);
 }
 
 bool TQuillmarkApplication::notify(QObject *receiver, QEvent *event)

@@ -13,6 +13,7 @@ class TCluesForm;
 class TAutoclueForm;
 class TSoundFX;
 class TInfoWin;
+class TRecoveryKeeper;
 
 class TProgram {
 public:
@@ -21,6 +22,9 @@ public:
 
     // Shows the main window and runs its start-up with the command-line arguments.
     void Start(const QStringList &arguments);
+    // Offers what a run that did not end well left to recover; the desktop program asks
+    // once its splash has gone.
+    void OfferRecovery();
 
     TXwdMainForm *MainForm = nullptr;
     TXwdProcs *Procs = nullptr;
@@ -34,6 +38,7 @@ private:
     std::unique_ptr<TXwdMainForm> main_;
     std::unique_ptr<TXwdProcs> procs_;
     std::unique_ptr<TSoundFX> sound_;
+    std::unique_ptr<TRecoveryKeeper> recovery_;
 };
 
 // Reports an exception that escapes a command as the program's error message instead of

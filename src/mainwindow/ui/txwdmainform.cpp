@@ -6,26 +6,23 @@
 #include "inspect/ui/inspectcommands.h"
 #include "interchange/ui/interchangecommands.h"
 #include "mainwindow/history.h"
+#include "mainwindow/puzzlesession.h"
 #include "mainwindow/puzzlestate.h"
-#include "mainwindow/screenlayout.h"
 #include "mainwindow/specifications.h"
-#include "mainwindow/trash.h"
 #include "mainwindow/ui/appresources.h"
-#include "mainwindow/ui/dialogs.h"
-#include "mainwindow/ui/tinfowin.h"
+#include "mainwindow/ui/editcommands.h"
+#include "mainwindow/ui/puzzlecommands.h"
+#include "mainwindow/ui/solvingstatus.h"
 #include "mainwindow/ui/toolscommands.h"
 #include "mainwindow/ui/tsoundfx.h"
-#include "model/clearpuzzle.h"
+#include "mainwindow/ui/windowarrangement.h"
 #include "model/cp1252.h"
-#include "model/puzzlefile.h"
 #include "output/ui/exportcommands.h"
 #include "output/ui/printcommands.h"
 #include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
 #include "settings/ui/txwdprefform.h"
-#include "solving/ui/tscoreform.h"
-#include "solving/ui/txwdclockform.h"
-#include "views/gridgeometry.h"
+#include "solving/ui/solvingcommands.h"
 #include "views/ui/tcluesform.h"
 #include "views/ui/txwdgridform.h"
 #include "web/ui/webcommands.h"
@@ -33,20 +30,14 @@
 #include <algorithm>
 
 #include <QAction>
-#include <QActionGroup>
-#include <QApplication>
 #include <QButtonGroup>
 #include <QCloseEvent>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScreen>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -54,18 +45,8 @@ TXwdMainForm *XwdMainForm = nullptr;
 
 namespace {
 
-const QString OpenFilter = QStringLiteral("Quillmark Crossword Puzzle |*.xwd");
-const QString SaveAsFilter =
-    QStringLiteral("Quillmark Crossword Puzzle|*.xwd|Quillmark 5 Crossword Puzzle|*.xwd");
-const QString CopyGridFilter = QStringLiteral("Quillmark Crossword Puzzle|*.xwd");
-const QString CorruptMessage = QStringLiteral("Puzzle not in Quillmark format or is corrupt.");
-const QString ForeignMessage = QStringLiteral("Not a valid Quillmark puzzle.");
-const QString ChangedQuestion = QStringLiteral("Puzzle has changed. Save current changes?");
-const QString GoOnQuestion = QStringLiteral("The changes to the puzzle were not saved. Go on without saving them?");
 const QString HideGuides = QStringLiteral("&Hide Guidelines");
 const QString ShowGuides = QStringLiteral("S&how Guidelines");
-const QString ClockOn = QStringLiteral("&Clock On");
-const QString ClockOff = QStringLiteral("&Clock Off");
 constexpr int ModeLineHeight = 19;
 
 QAction *makeAction(QObject *parent, const char *name, const QString &caption)
@@ -86,25 +67,9 @@ QToolButton *makeButton(QWidget *parent, const char *name, const QString &glyph)
     return button;
 }
 
-std::optional<QRect> boundsFromSetting(const QString &name)
-{
-    const QStringList parts = ReadText(name).split(u',');
-    if (parts.size() < 4)
-        return std::nullopt;
-    int values[4];
-    for (int i = 0; i < 4; ++i) {
-        bool ok = false;
-        values[i] = parts[i].trimmed().toInt(&ok);
-        if (!ok)
-            return std::nullopt;
-    }
-    return QRect(values[0], values[1], values[2], values[3]);
-}
-
-void writeBoundsOf(const QString &name, const QWidget *window)
-{
-    WriteBounds(name, window->x(), window->y(), window->width(), window->height());
-}
+bool open() { return Session().IsOpen(); }
+bool constructing() { return Session().IsConstructing(); }
+bool solving() { return Session().IsOpen() && Session().IsSolving(); }
 
 }  // namespace
 
@@ -114,35 +79,21 @@ void ShowPuzzleError(const QString &text)
     Dialogs().Error(XwdMainForm, text);
 }
 
-bool WritePuzzleOrReport(const QString &path, bool version5)
-{
-    // A puzzle opened from another format has no file yet: writing it asks for one.
-    if (path.isEmpty() && !version5 && XwdMainForm)
-        return SaveUntitledPuzzle(XwdMainForm);
-    try {
-        if (version5)
-            WritePuzzle5(path);
-        else
-            WritePuzzle(path);
-        if (!version5)
-            PuzzleChanged = false;
-        return true;
-    } catch (const TPuzzleIOError &e) {
-        ShowPuzzleError(QStringLiteral("The puzzle could not be saved.\n%1").arg(QString::fromStdString(e.what())));
-        return false;
-    }
-}
-
 TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
 {
     setObjectName(QStringLiteral("XwdMainForm"));
     setWindowTitle(QStringLiteral("Quillmark"));
     if (!XwdMainForm)
         XwdMainForm = this;
+    Session().Reset();
+    Session().SetPrompts(DialogPrompts());
     createActions();
     createMenus();
     InstallPrintCommands(this);
     createBody();
+    createRules();
+    InstallPuzzleCommands(this);
+    InstallSolvingCommands(this);
     InstallInspectCommands(this);
     InstallExportCommands(this);
     InstallBylineCommands(this);
@@ -152,15 +103,31 @@ TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
     InstallWebCommands(this);
     InstallInterchangeCommands(this);
     InstallFillCommands(this);
+    InstallEditCommands(this);
+    status_ = std::make_unique<TSolvingStatusLine>(ModeLabel, DataMemo);
+    arrangement_ = std::make_unique<TWindowArrangement>(this);
+    connectSession();
     updateActions();
+}
+
+TXwdMainForm::~TXwdMainForm() = default;
+
+void TXwdMainForm::connectSession()
+{
+    TPuzzleSession &session = Session();
+    connect(&session, &TPuzzleSession::opened, this, &TXwdMainForm::PuzzleOpened);
+    connect(&session, &TPuzzleSession::restored, this, [this] {
+        if (constructing() && ModeLabel->text() == QStringLiteral("Specifications"))
+            UpdateBtnClick();
+    });
+    connect(&session, &TPuzzleSession::modeChanged, this, &TXwdMainForm::updateActions);
+    connect(&session, &TPuzzleSession::closed, this, &TXwdMainForm::updateActions);
 }
 
 void TXwdMainForm::createActions()
 {
     OpenSolveAct = makeAction(this, "OpenSolveAct", QStringLiteral("&Solve..."));
     ConstructOpenAct = makeAction(this, "ConstructOpenAct", QStringLiteral("&Open..."));
-    connect(OpenSolveAct, &QAction::triggered, this, [this] { Open1Click(true); });
-    connect(ConstructOpenAct, &QAction::triggered, this, [this] { Open1Click(false); });
 
     const QStringList menuCaptions = {QStringLiteral("&11×"), QStringLiteral("1&3×"), QStringLiteral("1&5×"),
                                       QStringLiteral("1&7×"), QStringLiteral("1&9×"), QStringLiteral("2&1×"),
@@ -169,19 +136,14 @@ void TXwdMainForm::createActions()
         const int size = 11 + 2 * i;
         auto *action = makeAction(this, QStringLiteral("New%1Act").arg(size).toLatin1().constData(), menuCaptions[i]);
         action->setIconText(QStringLiteral("%1×").arg(size));
-        connect(action, &QAction::triggered, this, [this, action] { NewPuzzleClick(action); });
         NewActs.append(action);
     }
 
     SaveAct = makeAction(this, "SaveAct", QStringLiteral("Sa&ve"));
     SaveAct->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
-    connect(SaveAct, &QAction::triggered, this, &TXwdMainForm::Save1Click);
     SavePuzzleAsAct = makeAction(this, "SavePuzzleAsAct", QStringLiteral("Save Puzzle &As..."));
-    connect(SavePuzzleAsAct, &QAction::triggered, this, [this] { CopyGridAs1Click(SavePuzzleAsAct); });
     CopyGridAsAct = makeAction(this, "CopyGridAsAct", QStringLiteral("Copy &Grid As..."));
-    connect(CopyGridAsAct, &QAction::triggered, this, [this] { CopyGridAs1Click(CopyGridAsAct); });
     RevertToSavedAct = makeAction(this, "RevertToSavedAct", QStringLiteral("&Revert to Saved"));
-    connect(RevertToSavedAct, &QAction::triggered, this, &TXwdMainForm::ReverttoSaved1Click);
     ExitAct = makeAction(this, "ExitAct", QStringLiteral("E&xit"));
     ExitAct->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_X));
     connect(ExitAct, &QAction::triggered, this, &TXwdMainForm::Exit1Click);
@@ -189,10 +151,8 @@ void TXwdMainForm::createActions()
     History1Act = makeAction(this, "History1Act", QStringLiteral("&1 Puzzle 1"));
     History2Act = makeAction(this, "History2Act", QStringLiteral("&2 Puzzle 2"));
     History3Act = makeAction(this, "History3Act", QStringLiteral("&3 Puzzle 3"));
-    for (int k = 1; k <= HistorySize; ++k) {
-        historyAct(k)->setVisible(false);
-        connect(historyAct(k), &QAction::triggered, this, [this, k] { HistoryClick(k); });
-    }
+    for (int k = 1; k <= HistorySize; ++k)
+        HistoryAct(k)->setVisible(false);
 
     ShowGuidesAct = makeAction(this, "ShowGuidesAct", ShowGuides);
     connect(ShowGuidesAct, &QAction::triggered, this, &TXwdMainForm::ShowGuidesActExecute);
@@ -201,14 +161,44 @@ void TXwdMainForm::createActions()
     connect(AutoArrangeAct, &QAction::triggered, this, &TXwdMainForm::AutoArrangeActExecute);
 
     ScorePuzzleAct = makeAction(this, "ScorePuzzleAct", QStringLiteral("&Score Puzzle"));
-    connect(ScorePuzzleAct, &QAction::triggered, this, &TXwdMainForm::ScorePuzzle1Click);
-    ClockAct = makeAction(this, "ClockAct", ClockOn);
-    connect(ClockAct, &QAction::triggered, this, &TXwdMainForm::ClockActExecute);
+    ClockAct = makeAction(this, "ClockAct", QStringLiteral("&Clock On"));
 
     // The grid, clue and tool windows are separate windows: the shortcuts must reach the
     // command from whichever of them has the focus.
     for (QAction *action : findChildren<QAction *>())
         action->setShortcutContext(Qt::ApplicationShortcut);
+}
+
+void TXwdMainForm::createRules()
+{
+    EnableWhen(SaveAct, open);
+    // An imported puzzle has no saved file to go back to.
+    EnableWhen(RevertToSavedAct, [] { return open() && Session().HasFile(); });
+    EnableWhen(AutoArrangeAct, [this] { return firstOpenDone_; });
+    for (QAction *action : {SavePuzzleAsAct, CopyGridAsAct, ShowGuidesAct})
+        EnableWhen(action, constructing);
+    for (QWidget *button : {SquaresBtn, LettersBtn, AutoclueBtn})
+        EnableWhen(button, constructing);
+    rules_.push_back([this] { UpdateBtn->setVisible(constructing()); });
+    EnableWhen(CheatBtn, solving);
+    EnableWhen(ScorePuzzleAct, solving);
+    EnableWhen(ClockAct, solving);
+    EnableWhen(SymmetryBtn, [] { return constructing() && PuzzleMode == DesignMode; });
+}
+
+void TXwdMainForm::EnableWhen(QAction *action, std::function<bool()> rule)
+{
+    rules_.push_back([action, rule = std::move(rule)] { action->setEnabled(rule()); });
+}
+
+void TXwdMainForm::EnableWhen(QWidget *widget, std::function<bool()> rule)
+{
+    rules_.push_back([widget, rule = std::move(rule)] { widget->setEnabled(rule()); });
+}
+
+void TXwdMainForm::ShowWhen(QAction *action, std::function<bool()> rule)
+{
+    rules_.push_back([action, rule = std::move(rule)] { action->setVisible(rule()); });
 }
 
 void TXwdMainForm::createMenus()
@@ -232,8 +222,8 @@ void TXwdMainForm::createMenus()
     puzzle->addSeparator();
     named(puzzle->addMenu(QStringLiteral("&Export")), "ExportMenu");
     named(puzzle->addMenu(QStringLiteral("Copy to C&lipboard")), "ClipboardMenu");
-    historySeparator_ = puzzle->addSeparator();
-    historySeparator_->setVisible(false);
+    HistorySeparator = puzzle->addSeparator();
+    HistorySeparator->setVisible(false);
     puzzle->addActions({History1Act, History2Act, History3Act});
     puzzle->addSeparator();
     puzzle->addAction(ExitAct);
@@ -258,6 +248,11 @@ void TXwdMainForm::createMenus()
 QMenu *TXwdMainForm::Menu(const QString &objectName) const
 {
     return findChild<QMenu *>(objectName);
+}
+
+bool TXwdMainForm::IsPuzzleOpen() const
+{
+    return Session().IsOpen();
 }
 
 void TXwdMainForm::hideEmptyMenus()
@@ -287,8 +282,6 @@ void TXwdMainForm::createToolPanel()
 
     CheatBtn = makeButton(ToolPanel, "CheatBtn", QStringLiteral("CHEAT"));
     setButtonHint(CheatBtn, QStringLiteral("Show puzzle answers"));
-    connect(CheatBtn, &QToolButton::pressed, this, &TXwdMainForm::CheatBtnMouseDown);
-    connect(CheatBtn, &QToolButton::released, this, &TXwdMainForm::CheatBtnMouseUp);
 
     SquaresBtn = makeButton(ToolPanel, "SquaresBtn", QStringLiteral("SQUARES"));
     setButtonHint(SquaresBtn, QStringLiteral("Design puzzle grid"));
@@ -371,34 +364,19 @@ void TXwdMainForm::setButtonHint(QToolButton *button, const QString &hint)
     button->setToolTip(button->isEnabled() ? hint : QString());
 }
 
-QAction *TXwdMainForm::historyAct(int k) const
+QAction *TXwdMainForm::HistoryAct(int k) const
 {
     return k == 1 ? History1Act : k == 2 ? History2Act : History3Act;
 }
 
 void TXwdMainForm::updateActions()
 {
-    const bool solving = puzzleOpen_ && PuzzleMode == SolveMode;
-    const bool constructing = puzzleOpen_ && PuzzleMode != SolveMode;
-
-    SaveAct->setEnabled(puzzleOpen_);
-    RevertToSavedAct->setEnabled(puzzleOpen_);
-    AutoArrangeAct->setEnabled(firstOpenDone_);
-    for (QAction *action : {SavePuzzleAsAct, CopyGridAsAct, ShowGuidesAct})
-        action->setEnabled(constructing);
-    SquaresBtn->setEnabled(constructing);
-    LettersBtn->setEnabled(constructing);
-    AutoclueBtn->setEnabled(constructing);
-    UpdateBtn->setVisible(constructing);
-    CheatBtn->setEnabled(solving);
-    ScorePuzzleAct->setEnabled(solving);
-    ClockAct->setEnabled(solving);
-    SymmetryBtn->setEnabled(constructing && PuzzleMode == DesignMode);
-
+    for (const auto &rule : rules_)
+        rule();
     for (QToolButton *button : {MouseBtn, CheatBtn, SquaresBtn, LettersBtn, SymmetryBtn, AutoclueBtn}) {
         const QString hint = button->property("hint").toString();
         // The symmetry hint stays readable while constructing, also while the button rests.
-        const bool showHint = button->isEnabled() || (button == SymmetryBtn && constructing);
+        const bool showHint = button->isEnabled() || (button == SymmetryBtn && constructing());
         button->setToolTip(showHint ? hint : QString());
     }
     emit ActionsUpdated();
@@ -422,280 +400,24 @@ void TXwdMainForm::FormShow(const QStringList &arguments)
     // Fixed until a puzzle is open: the logo's width and everything stacked above it.
     setFixedWidth(LogoImage->sizeHint().width() + 12);
     setFixedHeight(sizeHint().height());
-    // Clear of the grid window, which opens at the top left.
-    if (const auto bounds = boundsFromSetting(QStringLiteral("ScreenBoundsMain")))
-        move(bounds->topLeft());
-    else if (const QScreen *screen = this->screen())
-        move(screen->availableGeometry().right() - width() - 4, 2);
-
+    arrangement_->PlaceAtStart();
     if (arguments.isEmpty())
         RebuildHistory();
     else
-        OpenFromCommandLine(arguments);
-}
-
-void TXwdMainForm::OpenFromCommandLine(const QStringList &arguments)
-{
-    if (arguments.isEmpty())
-        return;
-    if (IsInterchangeFile(arguments.at(0))) {
-        OpenInterchangeFile(this, arguments.at(0), arguments.value(1).toUpper() == u"-S");
-        return;
-    }
-    // Absolute, so that the history still finds it from another working folder.
-    CurrentPuzzlePath = QFileInfo(arguments.at(0)).absoluteFilePath();
-    if (!tryOpen(CurrentPuzzlePath)) {
-        ShowPuzzleError(CorruptMessage);
-        CurrentPuzzlePath.clear();
-        return;
-    }
-    PuzzleMode = arguments.value(1).toUpper() == u"-S" ? SolveMode : ConstructMode;
-    PuzzleOpened();
-}
-
-bool TXwdMainForm::tryOpen(const QString &path)
-{
-    try {
-        OpenPuzzleFile(path);
-        return true;
-    } catch (const TPuzzleIOError &) {
-        return false;
-    }
-}
-
-void TXwdMainForm::Open1Click(bool solving)
-{
-    if (PuzzleChanged && !SaveChangesQuery())
-        return;
-    TFileRequest request;
-    request.Kind = TFileRequest::Open;
-    request.Title = solving ? QStringLiteral("Open puzzle for solving") : QStringLiteral("Open puzzle for constructing");
-    request.Directory = QDir::currentPath();
-    request.Filter = OpenFilter + InterchangeOpenFilter();
-    request.DefaultExtension = QStringLiteral("xwd");
-    const auto choice = Dialogs().ChooseFile(this, request);
-    if (!choice)
-        return;
-    if (IsInterchangeFile(choice->Path)) {
-        OpenInterchangeFile(this, choice->Path, solving);
-        return;
-    }
-    if (!tryOpen(choice->Path)) {
-        // Read the previous puzzle again so that what is shown is what is on disk.
-        if (!CurrentPuzzlePath.isEmpty())
-            tryOpen(CurrentPuzzlePath);
-        if (XwdGridForm)
-            XwdGridForm->update();
-        ShowPuzzleError(CorruptMessage);
-        return;
-    }
-    PuzzleMode = solving ? SolveMode : ConstructMode;
-    CurrentPuzzlePath = choice->Path;
-    PuzzleOpened();
-}
-
-std::optional<TFileChoice> TXwdMainForm::ChoosePuzzleName(const QString &title, const QString &filter)
-{
-    TFileRequest request;
-    request.Kind = TFileRequest::Save;
-    request.Title = title;
-    request.Filter = filter;
-    request.FileName = QStringLiteral("untitled.xwd");
-    request.DefaultExtension = QStringLiteral("xwd");
-    request.Directory = QDir::currentPath();
-    auto choice = Dialogs().ChooseFile(this, request);
-    if (!choice)
-        return std::nullopt;
-    choice->Path = WithPuzzleExtension(choice->Path);
-    if (HasForeignExtension(choice->Path)) {
-        ShowPuzzleError(ForeignMessage);
-        return std::nullopt;
-    }
-    return choice;
-}
-
-void TXwdMainForm::NewPuzzleClick(QAction *action)
-{
-    const int size = action->iconText().left(2).toInt();
-    if (PuzzleChanged && !SaveChangesQuery())
-        return;
-    const auto choice = ChoosePuzzleName(QStringLiteral("New %1x puzzle for constructing").arg(size), OpenFilter);
-    if (!choice)
-        return;
-    const QString path = choice->Path;
-    const TPuzzle previous = Puzzle;
-    ClearPuzzle(size, 'N');
-    if (!WritePuzzleOrReport(path)) {
-        Puzzle = previous;
-        return;
-    }
-    PuzzleMode = ConstructMode;
-    CurrentPuzzlePath = path;
-    PuzzleOpened();
-}
-
-void TXwdMainForm::showSaving()
-{
-    if (!InfoWin)
-        return;
-    QPoint at(35, 35);
-    if (XwdGridForm)
-        at += XwdGridForm->pos();
-    InfoWin->ShowProgress(TInfoWin::Saving, at);
-}
-
-void TXwdMainForm::Save1Click()
-{
-    if (!puzzleOpen_)
-        return;
-    if (WritePuzzleOrReport(CurrentPuzzlePath))
-        showSaving();
-}
-
-void TXwdMainForm::CopyGridAs1Click(QAction *action)
-{
-    const bool copyGrid = action == CopyGridAsAct;
-    const auto choice = ChoosePuzzleName(copyGrid ? QStringLiteral("Copy grid as...") : QStringLiteral("Save puzzle as..."),
-                                         copyGrid ? CopyGridFilter : SaveAsFilter);
-    if (!choice)
-        return;
-    const QString path = choice->Path;
-    if (!copyGrid && choice->FilterIndex == 2) {
-        // A version-5 copy is an export: the open puzzle stays as it is.
-        if (WritePuzzleOrReport(path, true))
-            showSaving();
-        return;
-    }
-    const TPuzzle previous = Puzzle;
-    const bool previousChanged = PuzzleChanged;
-    if (copyGrid)
-        ClearPuzzle(Puzzle.Size, 'C');
-    if (!WritePuzzleOrReport(path)) {
-        Puzzle = previous;
-        PuzzleChanged = previousChanged;
-        return;
-    }
-    CurrentPuzzlePath = path;
-    PuzzleOpened();
-}
-
-void TXwdMainForm::ReverttoSaved1Click()
-{
-    PlayQuestionSound();
-    if (Dialogs().Ask(this, QStringLiteral("Discard all recent changes and return to last saved puzzle?"), false) !=
-        TAnswer::Yes)
-        return;
-    try {
-        ReadPuzzle(CurrentPuzzlePath);
-    } catch (const TPuzzleIOError &) {
-        ShowPuzzleError(CorruptMessage);
-        return;
-    }
-    if (XwdGridForm)
-        XwdGridForm->DropCurrentWord();
-    if (PuzzleMode == SolveMode) {
-        ModeLabel->clear();
-        DataMemo->clear();
-        if (CluesForm) {
-            CluesForm->Fill();
-            CluesForm->ClearSelection();
-        }
-    } else {
-        UpdateBtnClick();
-    }
-    PuzzleChanged = false;
-}
-
-bool TXwdMainForm::SaveChangesQuery()
-{
-    // A puzzle with no file yet is never saved unasked, even when solving.
-    if (PuzzleMode != SolveMode || CurrentPuzzlePath.isEmpty()) {
-        PlayQuestionSound();
-        switch (Dialogs().Ask(this, ChangedQuestion, true)) {
-        case TAnswer::Cancel:
-            return false;
-        case TAnswer::No:
-            PuzzleChanged = false;
-            return true;
-        case TAnswer::Yes:
-            break;
-        }
-    }
-    return SaveOrGoOn();
-}
-
-bool TXwdMainForm::SaveOrGoOn()
-{
-    if (WritePuzzleOrReport(CurrentPuzzlePath))
-        return true;
-    // An imported puzzle has no file yet: cancelling its name stays, and No to the
-    // change question is the way to leave without it.
-    if (CurrentPuzzlePath.isEmpty())
-        return false;
-    // The user has been told why; the changes are dropped only when they say so, and a
-    // folder that has become read-only does not trap them in the program.
-    PlayQuestionSound();
-    if (Dialogs().AskWarning(this, GoOnQuestion, false) != TAnswer::Yes)
-        return false;
-    PuzzleChanged = false;
-    return true;
-}
-
-void TXwdMainForm::HistoryClick(int k)
-{
-    if (PuzzleChanged && !SaveChangesQuery())
-        return;
-    const QString entry = ReadText(QStringLiteral("HistoryPuzzle%1").arg(k));
-    if (entry.size() < 3)
-        return;
-    const QString path = HistoryPath(entry);
-    const bool solving = HistoryIsSolving(entry);
-    if (path == CurrentPuzzlePath && puzzleOpen_ && solving == (PuzzleMode == SolveMode))
-        return;
-
-    const QString previousPath = CurrentPuzzlePath;
-    const QString previousDir = QDir::currentPath();
-    QDir::setCurrent(QFileInfo(path).absolutePath());
-    if (!QFileInfo::exists(path) || !tryOpen(path)) {
-        // Keep the open puzzle tied to its own file, so that a later save cannot write it
-        // over the path that failed.
-        CurrentPuzzlePath = previousPath;
-        QDir::setCurrent(previousDir);
-        ShowPuzzleError(QFileInfo::exists(path) ? CorruptMessage
-                                                : QStringLiteral("Unable to locate this puzzle from path in history list."));
-        return;
-    }
-    CurrentPuzzlePath = path;
-    PuzzleMode = solving ? SolveMode : ConstructMode;
-    PuzzleOpened();
+        Session().OpenFile(arguments.at(0), arguments.value(1).toUpper() == u"-S");
 }
 
 void TXwdMainForm::RebuildHistory()
 {
-    QStringList stored;
-    for (int k = 1; k <= HistorySize; ++k)
-        stored.append(ReadText(QStringLiteral("HistoryPuzzle%1").arg(k)));
-    const QStringList entries =
-        HistoryEntries(ReadText(QStringLiteral("CurrentPuzzle")), puzzleOpen_, PuzzleMode == SolveMode, stored);
-
-    historySeparator_->setVisible(false);
-    for (int k = 1; k <= HistorySize; ++k)
-        historyAct(k)->setVisible(false);
-    for (int k = 1; k <= int(entries.size()); ++k) {
-        const QString &entry = entries[k - 1];
-        QAction *action = historyAct(k);
-        action->setText(HistoryCaption(k, entry));
-        action->setIcon(Glyph(entry.endsWith(u'c') ? QStringLiteral("CONSTRUCT") : QStringLiteral("SOLVE")));
-        action->setVisible(true);
-        historySeparator_->setVisible(true);
-        WriteSetting(QStringLiteral("HistoryPuzzle%1").arg(k), entry);
-    }
+    RebuildHistoryMenu(this);
 }
 
 QSize TXwdMainForm::MinimumFittedSize() const
 {
     const QFontMetrics metrics(DataMemo->font());
-    const int width = std::max(270, metrics.horizontalAdvance(QStringLiteral("MBlack Squares: 99 Par: 99M")));
+    // Wide enough for the status text and for every menu title the open puzzle shows.
+    const int width = std::max({270, metrics.horizontalAdvance(QStringLiteral("MBlack Squares: 99 Par: 99M")),
+                                menuBar()->sizeHint().width()});
     const int height = menuBar()->sizeHint().height() + ToolPanel->sizeHint().height() + ModeLineHeight +
                        5 * metrics.lineSpacing() + UpdateBtn->sizeHint().height() + Byline->sizeHint().height();
     return {width, height};
@@ -703,44 +425,48 @@ QSize TXwdMainForm::MinimumFittedSize() const
 
 void TXwdMainForm::PuzzleOpened()
 {
-    puzzleOpen_ = true;
-    if (!firstOpenDone_) {
+    const bool firstOpen = !firstOpenDone_;
+    if (firstOpen) {
         firstOpenDone_ = true;
         LogoImage->setVisible(false);
         ModeLabel->setFixedHeight(ModeLineHeight);
         DataMemo->setVisible(true);
-        setMinimumSize(MinimumFittedSize());
-        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-        resize(minimumSize());
     }
     DataMemo->clear();
     if (AutoclueForm && AutoclueForm->isVisible())
         AutoclueForm->close();
-    if (ClockAct->text() == ClockOff)
-        ClockActExecute();
-
-    WriteSetting(QStringLiteral("CurrentPuzzle"), CurrentPuzzlePath);
     RebuildHistory();
 
     if (XwdGridForm) {
-        XwdGridForm->setWindowTitle(QFileInfo(CurrentPuzzlePath).fileName());
+        // Showing makes a file's name the caption; an import's caption stands as it is.
+        XwdGridForm->setWindowTitle(Session().HasFile() ? Session().Title() : QString());
         if (XwdGridForm->isVisible())
             XwdGridForm->hide();
         XwdGridForm->show();
         XwdGridForm->raise();
+        if (!Session().HasFile())
+            XwdGridForm->setWindowTitle(Session().Title());
     }
+    const bool solvingNow = PuzzleMode == SolveMode;
     if (CluesForm) {
-        CluesForm->setVisible(PuzzleMode == SolveMode);
-        if (PuzzleMode == SolveMode)
+        CluesForm->setVisible(solvingNow);
+        if (solvingNow)
             CluesForm->Fill();
     }
 
+    // Every opened puzzle starts with diagonal symmetry.
     if (XwdGridForm)
-        XwdGridForm->Editor.Symmetry = 0;
-    SymmetryBtnClick();
+        XwdGridForm->NextSymmetry(true);
+    showSymmetry();
     updateActions();
+    // Fitted once the commands of an open puzzle show, their menus' titles among them.
+    if (firstOpen) {
+        setMinimumSize(MinimumFittedSize());
+        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        resize(minimumSize());
+    }
 
-    if (PuzzleMode == SolveMode) {
+    if (solvingNow) {
         SymmetryBtn->setIcon(Glyph(QStringLiteral("OFFSYMMETRY")));
         ModeLabel->clear();
         const QByteArray byline = Puzzle.Byline.text();
@@ -766,37 +492,40 @@ void TXwdMainForm::SquaresBtnClick()
         XwdGridForm->RestoreHighlight();
     if (AutoclueForm && AutoclueForm->isVisible())
         AutoclueForm->close();
-    PuzzleMode = DesignMode;
-    updateActions();
+    Session().SetMode(DesignMode);
 }
 
 void TXwdMainForm::LettersBtnClick()
 {
     LettersBtn->setChecked(true);
-    PuzzleMode = ConstructMode;
-    updateActions();
+    Session().SetMode(ConstructMode);
 }
 
 void TXwdMainForm::MouseBtnClick()
 {
-    if (!XwdGridForm)
-        return;
-    bool &swapped = XwdGridForm->Editor.MouseSwapped;
-    swapped = !swapped;
-    MouseBtn->setIcon(Glyph(swapped ? QStringLiteral("MOUSEDWN") : QStringLiteral("MOUSEACR")));
+    if (XwdGridForm)
+        MouseBtn->setIcon(
+            Glyph(XwdGridForm->ToggleMouseSwapped() ? QStringLiteral("MOUSEDWN") : QStringLiteral("MOUSEACR")));
 }
 
 void TXwdMainForm::SymmetryBtnClick()
 {
     if (!XwdGridForm)
         return;
-    int &symmetry = XwdGridForm->Editor.Symmetry;
-    symmetry = symmetry == 0 ? 1 : symmetry == 1 ? 2 : 0;
+    XwdGridForm->NextSymmetry();
+    showSymmetry();
+    updateActions();
+}
+
+void TXwdMainForm::showSymmetry()
+{
+    if (!XwdGridForm)
+        return;
     static const char *const glyphs[] = {"NOTSYMMETRY", "DIAGSYMMETRY", "HORSYMMETRY"};
     static const char *const hints[] = {"Grid symmetry is OFF", "DIAGONAL symmetry", "HORIZONTAL symmetry"};
+    const int symmetry = XwdGridForm->Editor.Symmetry;
     SymmetryBtn->setIcon(Glyph(QString::fromLatin1(glyphs[symmetry])));
     setButtonHint(SymmetryBtn, QString::fromLatin1(hints[symmetry]));
-    updateActions();
 }
 
 void TXwdMainForm::ShowGuidesActExecute()
@@ -814,73 +543,29 @@ void TXwdMainForm::UpdateBtnClick()
 
 void TXwdMainForm::ShowSolvingClue(int slot)
 {
-    if (!CluesForm)
-        return;
-    CluesForm->SelectSlot(slot);
-    // A word without a clue slot still names its direction; the status text stays empty.
-    if (slot > 0)
-        DataMemo->setPlainText(CluesForm->CurrentLine());
-    const bool across = XwdGridForm && XwdGridForm->Editor.WordDirection == 1;
-    ModeLabel->setText(across ? QStringLiteral("Across Clue") : QStringLiteral("Down Clue"));
+    status_->Show(slot);
 }
 
 void TXwdMainForm::ClearSolvingClue()
 {
-    DataMemo->clear();
-    if (PuzzleMode == SolveMode)
-        ModeLabel->clear();
-    if (CluesForm)
-        CluesForm->ClearSelection();
+    status_->Clear();
 }
 
 void TXwdMainForm::AutoArrangeActExecute()
 {
-    if (const auto bounds = boundsFromSetting(QStringLiteral("ScreenBoundsMain"))) {
-        move(bounds->topLeft());
-        resize(bounds->size());
-    } else {
-        const QRect screen = this->screen() ? this->screen()->availableGeometry() : QRect(0, 0, 1024, 768);
-        const QSize minimum = minimumSize();
-        move(screen.width() - minimum.width() - 4, 2);
-        resize(minimum);
-    }
-    if (XwdGridForm && XwdGridForm->isVisible())
-        XwdGridForm->ArrangeFromSettings();
-    for (auto [window, setting] : {std::pair<QWidget *, const char *>{CluesForm, "ScreenBoundsClues"},
-                                   std::pair<QWidget *, const char *>{AutoclueForm, "ScreenBoundsAutoclue"}})
-        if (window && window->isVisible())
-            if (const auto bounds = boundsFromSetting(QString::fromLatin1(setting))) {
-                window->move(bounds->topLeft());
-                window->resize(bounds->size());
-            }
+    arrangement_->AutoArrange(minimumSize());
 }
 
 void TXwdMainForm::WriteWindowBounds()
 {
-    writeBoundsOf(QStringLiteral("ScreenBoundsMain"), this);
-    if (XwdGridForm)
-        writeBoundsOf(QStringLiteral("ScreenBoundsGrid"), XwdGridForm);
-    if (CluesForm)
-        writeBoundsOf(QStringLiteral("ScreenBoundsClues"), CluesForm);
-    if (AutoclueForm && AutoclueForm->isVisible())
-        writeBoundsOf(QStringLiteral("ScreenBoundsAutoclue"), AutoclueForm);
-    WriteSetting(QStringLiteral("ScreenSquare"), SquareSize);
+    arrangement_->WriteWindowBounds();
 }
 
 void TXwdMainForm::ApplyPreferences(bool arrange, int code)
 {
-    if (arrange && puzzleOpen_) {
-        if (code >= 1 && code <= ArrangementCount && XwdGridForm) {
-            const QRect screen = this->screen() ? this->screen()->availableGeometry() : QRect(0, 0, 1024, 768);
-            const QSize clues = CluesForm ? CluesForm->size() : QSize(300, 400);
-            const TScreenLayout layout = ArrangementLayout(code, screen, size(), XwdGridForm->size(), clues);
-            move(layout.Main.topLeft());
-            resize(layout.Main.size().expandedTo(minimumSize()));
-            XwdGridForm->move(layout.Grid.topLeft());
-            if (CluesForm)
-                CluesForm->setGeometry(layout.Clues);
-        }
-        WriteWindowBounds();
+    if (arrange && IsPuzzleOpen()) {
+        arrangement_->Arrange(code, minimumSize());
+        arrangement_->WriteWindowBounds();
     }
     ReadOwnSettings();
     if (!LogoImage->isVisible())
@@ -894,75 +579,6 @@ void TXwdMainForm::ApplyPreferences(bool arrange, int code)
     updateActions();
 }
 
-void TXwdMainForm::ScorePuzzle1Click()
-{
-    TScoreForm card(this);
-    card.FormShow();
-    switch (Dialogs().Exec(&card)) {
-    case TScoreForm::ShowErrorsResult:
-        if (XwdGridForm)
-            XwdGridForm->ShowErrors();
-        break;
-    case TScoreForm::DeleteResult:
-        DeleteSolvedPuzzle();
-        break;
-    default:
-        break;
-    }
-}
-
-void TXwdMainForm::DeleteSolvedPuzzle()
-{
-    // The trash first: if it cannot take the file, nothing else changes and nothing is lost.
-    if (!MoveToTrash(CurrentPuzzlePath) && QFile::exists(CurrentPuzzlePath)) {
-        ShowPuzzleError(QStringLiteral("The puzzle could not be moved to the trash. It is still at %1.")
-                            .arg(QDir::toNativeSeparators(CurrentPuzzlePath)));
-        return;
-    }
-    puzzleOpen_ = false;
-    updateActions();
-    CheatBtn->setToolTip(QString());
-    ModeLabel->clear();
-    DataMemo->clear();
-    Byline->setText(QStringLiteral("!!! DELETED !!!"));
-    ClosingAllowed = true;
-    if (XwdGridForm)
-        XwdGridForm->close();
-    if (CluesForm)
-        CluesForm->close();
-    ClosingAllowed = false;
-    PuzzleChanged = false;
-    CurrentPuzzlePath.clear();
-    WriteSetting(QStringLiteral("CurrentPuzzle"), QString());
-    WriteSetting(QStringLiteral("HistoryPuzzle1"), QString());
-    RebuildHistory();
-}
-
-void TXwdMainForm::ClockActExecute()
-{
-    if (ClockAct->text() == ClockOn) {
-        ClockAct->setText(ClockOff);
-        clock_ = new TXwdClockForm(this);
-        clock_->show();
-    } else {
-        ClockAct->setText(ClockOn);
-        if (clock_)
-            clock_->close();
-    }
-}
-
-void TXwdMainForm::CheatBtnMouseDown()
-{
-    if (XwdGridForm)
-        XwdGridForm->ShowAnswers();
-}
-
-void TXwdMainForm::CheatBtnMouseUp()
-{
-    if (XwdGridForm)
-        XwdGridForm->EndAnswers();
-}
-
 void TXwdMainForm::Exit1Click()
 {
     close();
@@ -970,17 +586,7 @@ void TXwdMainForm::Exit1Click()
 
 void TXwdMainForm::closeEvent(QCloseEvent *event)
 {
-    if (PuzzleChanged && (PuzzleMode != SolveMode || CurrentPuzzlePath.isEmpty())) {
-        PlayQuestionSound();
-        const TAnswer answer = Dialogs().Ask(this, ChangedQuestion, true);
-        if (answer == TAnswer::Cancel) {
-            event->ignore();
-            return;
-        }
-        if (answer == TAnswer::No)
-            PuzzleChanged = false;
-    }
-    if (PuzzleChanged && !SaveOrGoOn()) {
+    if (!Session().Close()) {
         event->ignore();
         return;
     }

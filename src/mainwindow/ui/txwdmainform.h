@@ -1,41 +1,35 @@
 #pragma once
-// The main window: menus, tool panel, mode line, status text and byline; owner of the
-// puzzle's lifecycle (new, open, save, save as, copy grid, revert, history, close).
+// The main window: menus, tool panel, mode line, status text and byline. The puzzle's
+// lifecycle is the session's (mainwindow/puzzlesession.h); this window turns its commands
+// into the session's calls and starts the windows over when a puzzle is opened.
 
 #include "mainwindow/ui/dialogs.h"
 
 #include <QMainWindow>
-#include <QPointer>
 
-#include <optional>
+#include <functional>
+#include <memory>
 
 class QAction;
-class QActionGroup;
 class QLabel;
 class QMenu;
 class QPlainTextEdit;
 class QPushButton;
 class QToolButton;
 class QWidget;
-class TXwdClockForm;
+class TSolvingStatusLine;
+class TWindowArrangement;
 
 class TXwdMainForm : public QMainWindow {
     Q_OBJECT
 public:
     explicit TXwdMainForm(QWidget *parent = nullptr);
+    ~TXwdMainForm() override;
 
     // Start-up: the status font, PlaySounds, and the puzzle named on the command line
     // ("-S" after it for solving); without one, the history of the previous run.
     void FormShow(const QStringList &arguments);
-    void OpenFromCommandLine(const QStringList &arguments);
 
-    // Commands.
-    void Open1Click(bool solving);
-    void NewPuzzleClick(QAction *action);
-    void Save1Click();
-    void CopyGridAs1Click(QAction *action);
-    void ReverttoSaved1Click();
-    void HistoryClick(int k);
     void Exit1Click();
 
     void SquaresBtnClick();
@@ -45,18 +39,8 @@ public:
     void ShowGuidesActExecute();
     void UpdateBtnClick();
     void AutoArrangeActExecute();
-    void ScorePuzzle1Click();
-    void ClockActExecute();
-    void CheatBtnMouseDown();
-    void CheatBtnMouseUp();
-    // The score card's delete choice: the solved puzzle goes to the trash.
-    void DeleteSolvedPuzzle();
 
-    // False when the user cancels.
-    bool SaveChangesQuery();
-    // Writes the puzzle; when that fails, tells why and asks whether to go on without
-    // saving. False when the user stays.
-    bool SaveOrGoOn();
+    // After every open or create (the session's `opened`): the windows start over.
     void PuzzleOpened();
     void RebuildHistory();
 
@@ -79,14 +63,20 @@ public:
     // "ExportMenu" and "ClipboardMenu" (under Puzzle), "OptionsMenu", "GridMenu",
     // "TransformMenu" (under Grid), "ToolsMenu", "HelpMenu". A menu with no visible command hides itself.
     QMenu *Menu(const QString &objectName) const;
-    bool IsPuzzleOpen() const { return puzzleOpen_; }
+    bool IsPuzzleOpen() const;
+
+    // When a command acts and when it shows, stated once as a rule that is asked again
+    // after every open, change of mode, close and preferences. A command without a rule
+    // stays as it is.
+    void EnableWhen(QAction *action, std::function<bool()> rule);
+    void EnableWhen(QWidget *widget, std::function<bool()> rule);
+    void ShowWhen(QAction *action, std::function<bool()> rule);
 
 signals:
-    // After every change of mode or puzzle: subsystems set their commands' state here.
+    // After the rules have been applied.
     void ActionsUpdated();
 
 public:
-
     // Actions, by the names the menus, buttons and tests know them by.
     QAction *OpenSolveAct = nullptr;
     QAction *ConstructOpenAct = nullptr;
@@ -103,6 +93,9 @@ public:
     QAction *AutoArrangeAct = nullptr;
     QAction *ScorePuzzleAct = nullptr;
     QAction *ClockAct = nullptr;
+    // History entry k (1 to 3) and the separator above the entries.
+    QAction *HistoryAct(int k) const;
+    QAction *HistorySeparator = nullptr;
 
     QWidget *ToolPanel = nullptr;
     QToolButton *MouseBtn = nullptr;
@@ -123,33 +116,25 @@ protected:
 
 private:
     void createActions();
+    void createRules();
     void createMenus();
     void createToolPanel();
     void createBody();
-    // Sets what is enabled and visible for the current mode and puzzle.
+    void connectSession();
+    // Applies every rule, then the tool buttons' hints.
     void updateActions();
     void setButtonHint(QToolButton *button, const QString &hint);
-    QAction *historyAct(int k) const;
-    // Asks for a puzzle file to write, with ".xwd" added when no extension was typed; a
-    // name with another extension is refused with the program's message.
-    std::optional<TFileChoice> ChoosePuzzleName(const QString &title, const QString &filter);
-    // Reads a puzzle; false when it is not one.
-    bool tryOpen(const QString &path);
-    void showSaving();
-
     void hideEmptyMenus();
+    // The symmetry button's glyph and hint for the grid's symmetry.
+    void showSymmetry();
 
-    QMenu *historySeparatorHolder_ = nullptr;
-    QAction *historySeparator_ = nullptr;
-    QPointer<TXwdClockForm> clock_;
-    bool puzzleOpen_ = false;
     bool firstOpenDone_ = false;
+    std::vector<std::function<void()>> rules_;
+    std::unique_ptr<TSolvingStatusLine> status_;
+    std::unique_ptr<TWindowArrangement> arrangement_;
 };
 
 extern TXwdMainForm *XwdMainForm;
 
 // The one error box of the program: the error sound, then the message with OK.
 void ShowPuzzleError(const QString &text);
-// Writes Puzzle to `path` in the current version (or version 5); on failure tells the
-// user and returns false.
-bool WritePuzzleOrReport(const QString &path, bool version5 = false);

@@ -124,8 +124,6 @@ void InstallExportCommands(TXwdMainForm *form)
     add(clipboard, "SolutiontoClipAct", QStringLiteral("&Solution to Clipboard"), [] { ToClipboardClick(2); });
     add(clipboard, "RTFGridtoClipAct", QStringLiteral("RT&F Grid to Clipboard"), [] { ToClipboardClick(3); });
     add(clipboard, "CluestoClipAct", QStringLiteral("&Clues to Clipboard"), [] { ToClipboardClick(0); });
-    QObject::connect(form, &TXwdMainForm::ActionsUpdated, form, [form, actions] {
-        for (QAction *action : actions)
-            action->setEnabled(form->IsPuzzleOpen());
-    });
+    for (QAction *action : actions)
+        form->EnableWhen(action, [form] { return form->IsPuzzleOpen(); });
 }

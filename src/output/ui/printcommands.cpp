@@ -64,6 +64,5 @@ void InstallPrintCommands(TXwdMainForm *form)
     QMenu *exportMenu = form->Menu(QStringLiteral("ExportMenu"));
     QAction *before = exportMenu ? exportMenu->menuAction() : nullptr;
     menu->insertActions(before, {print, setup});
-    QObject::connect(form, &TXwdMainForm::ActionsUpdated, print, [form, print] { print->setEnabled(form->IsPuzzleOpen()); });
-    print->setEnabled(form->IsPuzzleOpen());
+    form->EnableWhen(print, [form] { return form->IsPuzzleOpen(); });
 }

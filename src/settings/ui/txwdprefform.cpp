@@ -1,6 +1,7 @@
 #include "settings/ui/txwdprefform.h"
 
 #include "clues/gridlanguage.h"
+#include "mainwindow/puzzlesession.h"
 #include "mainwindow/screenlayout.h"
 #include "mainwindow/ui/dialogs.h"
 #include "mainwindow/ui/txwdmainform.h"
@@ -794,7 +795,7 @@ bool TXwdPrefForm::eventFilter(QObject *watched, QEvent *event)
 void TXwdPrefForm::LangGroupClick(int index)
 {
     // The last chosen language travels in the clue slot no word uses; nothing reads it back.
-    MarkLanguageChoice(Puzzle, index);
+    Session().SetLanguageMark(index);
 }
 
 void TXwdPrefForm::DefaultsBtnClick()

@@ -1,5 +1,6 @@
 #include "solving/ui/tscoreform.h"
 
+#include "mainwindow/puzzlesession.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/appresources.h"
 #include "mainwindow/ui/tsoundfx.h"
@@ -88,10 +89,7 @@ void TScoreForm::FormShow()
 
 void TScoreForm::StartOverBtnClick()
 {
-    ClearEntries(Puzzle);
-    if (XwdGridForm)
-        XwdGridForm->update();
-    if (!WritePuzzleOrReport(CurrentPuzzlePath))
-        PuzzleChanged = true;
+    Session().Edit(QStringLiteral("Start Over"), TChangeKind::Entries, [](TPuzzle &p) { ClearEntries(p); });
+    Session().Save();
     reject();
 }

@@ -1,5 +1,6 @@
 #include "views/ui/tcluesform.h"
 
+#include "mainwindow/puzzlesession.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/appresources.h"
 #include "mainwindow/ui/txwdmainform.h"
@@ -94,6 +95,10 @@ TCluesForm::TCluesForm(QWidget *parent) : QWidget(parent, Qt::Tool)
     setObjectName(QStringLiteral("CluesForm"));
     setWindowTitle(QStringLiteral("Clues"));
     handCursor_ = AppCursor(QStringLiteral("HANDPNT"));
+    connect(&Session(), &TPuzzleSession::restored, this, [this] {
+        if (isVisible())
+            Fill();
+    });
 
     ClueList = new QListWidget(this);
     ClueList->setObjectName(QStringLiteral("ClueList"));
@@ -212,14 +217,10 @@ void TCluesForm::ClueListClick()
     const int row = ClueList->currentRow();
     if (row < 0 || !XwdGridForm)
         return;
-    TGridEditor &grid = XwdGridForm->Editor;
-    if (grid.WordDirection != 0)
-        XwdGridForm->RestoreHighlight();
     const int slot = row + 1;
-    const TClueListPick pick = ClueListPickWord(Puzzle, slot, grid.WordDirection, SquareSize);
-    grid.WordDirection = pick.WordDirection;
-    grid.HighlightWord(pick.Point, PickedWordColor);
-    XwdGridForm->update();
+    // Where the word is found depends on the direction left once the old one is taken back.
+    const TClueListPick pick = ClueListPickWord(Puzzle, slot, XwdGridForm->TakeBackWord(), SquareSize);
+    XwdGridForm->SelectWord(pick.Point, pick.WordDirection, PickedWordColor);
     if (XwdMainForm)
         XwdMainForm->ShowSolvingClue(slot);
 }

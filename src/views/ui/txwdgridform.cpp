@@ -1,6 +1,7 @@
 #include "views/ui/txwdgridform.h"
 
 #include "clues/ui/tautoclueform.h"
+#include "mainwindow/puzzlesession.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/appresources.h"
 #include "model/cp1252.h"
@@ -59,6 +60,9 @@ TXwdGridForm::TXwdGridForm(QWidget *parent)
 
     if (!XwdGridForm)
         XwdGridForm = this;
+    // Every change to the puzzle, whoever made it, shows here.
+    connect(&Session(), &TPuzzleSession::changed, this, [this] { update(); });
+    connect(&Session(), &TPuzzleSession::opened, this, [this] { update(); });
 }
 
 TXwdGridForm::~TXwdGridForm()
@@ -94,6 +98,34 @@ void TXwdGridForm::DropCurrentWord()
     update();
 }
 
+int TXwdGridForm::TakeBackWord()
+{
+    if (Editor.WordDirection != 0)
+        RestoreHighlight();
+    return Editor.WordDirection;
+}
+
+void TXwdGridForm::SelectWord(QPoint at, int direction, const QColor &colour)
+{
+    TakeBackWord();
+    Editor.WordDirection = direction;
+    Editor.HighlightWord(at, colour);
+    update();
+}
+
+bool TXwdGridForm::ToggleMouseSwapped()
+{
+    Editor.MouseSwapped = !Editor.MouseSwapped;
+    return Editor.MouseSwapped;
+}
+
+int TXwdGridForm::NextSymmetry(bool restart)
+{
+    const int from = restart ? 0 : Editor.Symmetry;
+    Editor.Symmetry = from == 0 ? 1 : from == 1 ? 2 : 0;
+    return Editor.Symmetry;
+}
+
 void TXwdGridForm::ArrangeFromSettings()
 {
     move(GridWindowOrigin(ReadText(QStringLiteral("ScreenBoundsGrid"))));
@@ -103,8 +135,8 @@ void TXwdGridForm::ArrangeFromSettings()
 
 void TXwdGridForm::SetSquare(int x, int y, bool clear)
 {
+    // The session's announcement repaints.
     Editor.SetSquare(x, y, clear);
-    update();
 }
 
 void TXwdGridForm::ClickCell(int x, int y, Qt::MouseButton button)
@@ -119,7 +151,6 @@ void TXwdGridForm::ClickCell(int x, int y, Qt::MouseButton button)
 void TXwdGridForm::TypeKey(uchar ch)
 {
     report(Editor.TypeKey(ch));
-    update();
 }
 
 void TXwdGridForm::report(const TSolvingStatus &status)
@@ -206,15 +237,14 @@ void TXwdGridForm::FormPaint(QPainter &painter)
     painter.setFont(font());
     if (answersShown_) {
         // The solution layer, "?" for an open square, in grey over blank squares.
-        const uint8_t mode = PuzzleMode;
-        PuzzleMode = ConstructMode;
+        solutionLayer_ = true;
         const QColor letters = fontColor_;
         fontColor_ = QColor(0x80, 0x80, 0x80);
         for (int r = 1; r <= Puzzle.Size; ++r)
             for (int c = 1; c <= Puzzle.Size; ++c)
                 PaintCell(painter, c, r, BlankSqColor);
         fontColor_ = letters;
-        PuzzleMode = mode;
+        solutionLayer_ = false;
         return;
     }
     for (int r = 1; r <= Puzzle.Size; ++r)
@@ -313,8 +343,9 @@ void TXwdGridForm::PaintCell(QPainter &painter, int c, int r, const QColor &colo
     painter.fillRect(outline.adjusted(1, 1, -1, -1), block ? FilledSqColor : colour);
 
     // Black squares come from the solution in every mode; the letters from the layer shown.
-    uchar ch = PuzzleMode == SolveMode ? Puzzle.Entries(c, r) : Puzzle.Cells(c, r);
-    if (PuzzleMode != SolveMode && ch == OpenChar)
+    const bool entries = PuzzleMode == SolveMode && !solutionLayer_;
+    uchar ch = entries ? Puzzle.Entries(c, r) : Puzzle.Cells(c, r);
+    if (!entries && ch == OpenChar)
         ch = '?';
     if (ch != 0 && ch != BlockChar)
         paintLetter(painter, c, r, ch, fontColor_);
@@ -375,8 +406,8 @@ void TXwdGridForm::FormKeyPress(QChar ch)
     const int code = UnicodeToCp1252(ch);
     if (code < 0)
         return;
+    // A typed letter repaints through the session's announcement.
     report(Editor.KeyPress(uchar(code)));
-    update();
 }
 
 bool TXwdGridForm::FormKeyDown(int key)

@@ -34,6 +34,16 @@ public:
     void RestoreHighlight();
     // Forgets the current word.
     void DropCurrentWord();
+    // Takes the current word's highlight back; the direction the grid is left with.
+    int TakeBackWord();
+    // The one way other windows pick a word: the current one taken back, then the word
+    // through the pixel point `at` in `direction` (1 across, 2 down) shown in `colour`.
+    void SelectWord(QPoint at, int direction, const QColor &colour);
+    // The mouse-button swap toggled; the new state.
+    bool ToggleMouseSwapped();
+    // The next symmetry (off, diagonal, horizontal, off...); `restart` counts from off, as
+    // every opened puzzle does. The new value.
+    int NextSymmetry(bool restart = false);
     // Left and top from ScreenBoundsGrid (else 2, 2); size from SquareSize.
     void ArrangeFromSettings();
     // Colours, font, cursor and (when not solving) the admitted characters read again.
@@ -94,6 +104,7 @@ private:
     QColor fontColor_ = Qt::black;
     bool snapping_ = false;
     bool answersShown_ = false;
+    bool solutionLayer_ = false;  // painting the answers over the solver's letters
     bool errorsShown_ = false;
     // The celebration's letters pile up here, over the grid, as they are drawn.
     QImage celebration_;

@@ -73,7 +73,5 @@ void InstallWebCommands(TXwdMainForm *form)
     menu->addAction(playerAct);
     QObject::connect(exportAct, &QAction::triggered, form, [form] { ExporttoWebActExecute(form); });
     QObject::connect(playerAct, &QAction::triggered, form, [form] { GeneratePlayerActExecute(form); });
-    QObject::connect(form, &TXwdMainForm::ActionsUpdated, exportAct,
-                     [form, exportAct] { exportAct->setEnabled(form->IsPuzzleOpen()); });
-    exportAct->setEnabled(form->IsPuzzleOpen());
+    form->EnableWhen(exportAct, [form] { return form->IsPuzzleOpen(); });
 }

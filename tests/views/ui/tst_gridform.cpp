@@ -15,6 +15,7 @@
 #include <QSignalSpy>
 
 #include <cmath>
+#include <functional>
 #include <memory>
 
 namespace {
@@ -41,6 +42,21 @@ QRect inkBounds(const QImage &image, int c, int r)
                 bounds |= QRect(origin + QPoint(x, y), QSize(1, 1));
     return bounds;
 }
+
+// Counts the paint events a widget receives.
+class TPaintCounter : public QObject {
+public:
+    TPaintCounter(QWidget *widget, int &count) : count_(count) { widget->installEventFilter(this); }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            ++count_;
+        return false;
+    }
+
+private:
+    int &count_;
+};
 
 }  // namespace
 
@@ -264,6 +280,26 @@ private slots:
         click(1, 1);
         typeChar(QChar(u'É'));
         QCOMPARE(Puzzle.Cells(1, 1), uint8_t(201));
+    }
+
+    // Paints are counted, never grabbed: a grab paints by itself and would hide a missing repaint.
+    void everyEditAndClickRepaints()
+    {
+        open(OpenGrid(5));
+        int paints = 0;
+        TPaintCounter counter(form.get(), paints);
+        click(5, 5);  // the window is active before anything is counted
+        const auto repaints = [&](const char *what, const std::function<void()> &act) {
+            QTest::qWait(20);
+            paints = 0;
+            act();
+            QTRY_VERIFY2_WITH_TIMEOUT(paints > 0, what, 1000);
+        };
+        repaints("a click picks a word", [&] { click(2, 2); });
+        repaints("a typed letter", [&] { typeChar(u'K'); });
+        repaints("an arrow", [&] { QTest::keyClick(form.get(), Qt::Key_Down); });
+        PuzzleMode = DesignMode;
+        repaints("a black square", [&] { click(3, 3); });
     }
 };
 

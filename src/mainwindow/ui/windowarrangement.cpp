@@ -1,0 +1,95 @@
+#include "mainwindow/ui/windowarrangement.h"
+
+#include "clues/ui/tautoclueform.h"
+#include "mainwindow/screenlayout.h"
+#include "settings/txwdprocs.h"
+#include "views/gridgeometry.h"
+#include "views/ui/tcluesform.h"
+#include "views/ui/txwdgridform.h"
+
+#include <QScreen>
+#include <QWidget>
+
+#include <optional>
+
+namespace {
+
+std::optional<QRect> boundsFromSetting(const QString &name)
+{
+    const QStringList parts = ReadText(name).split(u',');
+    if (parts.size() < 4)
+        return std::nullopt;
+    int values[4];
+    for (int i = 0; i < 4; ++i) {
+        bool ok = false;
+        values[i] = parts[i].trimmed().toInt(&ok);
+        if (!ok)
+            return std::nullopt;
+    }
+    return QRect(values[0], values[1], values[2], values[3]);
+}
+
+void writeBoundsOf(const QString &name, const QWidget *window)
+{
+    WriteBounds(name, window->x(), window->y(), window->width(), window->height());
+}
+
+QRect screenOf(const QWidget *window)
+{
+    return window->screen() ? window->screen()->availableGeometry() : QRect(0, 0, 1024, 768);
+}
+
+}  // namespace
+
+void TWindowArrangement::PlaceAtStart()
+{
+    if (const auto bounds = boundsFromSetting(QStringLiteral("ScreenBoundsMain")))
+        main_->move(bounds->topLeft());
+    else if (const QScreen *screen = main_->screen())
+        main_->move(screen->availableGeometry().right() - main_->width() - 4, 2);
+}
+
+void TWindowArrangement::AutoArrange(QSize minimum)
+{
+    if (const auto bounds = boundsFromSetting(QStringLiteral("ScreenBoundsMain"))) {
+        main_->move(bounds->topLeft());
+        main_->resize(bounds->size());
+    } else {
+        main_->move(screenOf(main_).width() - minimum.width() - 4, 2);
+        main_->resize(minimum);
+    }
+    if (XwdGridForm && XwdGridForm->isVisible())
+        XwdGridForm->ArrangeFromSettings();
+    for (auto [window, setting] : {std::pair<QWidget *, const char *>{CluesForm, "ScreenBoundsClues"},
+                                   std::pair<QWidget *, const char *>{AutoclueForm, "ScreenBoundsAutoclue"}})
+        if (window && window->isVisible())
+            if (const auto bounds = boundsFromSetting(QString::fromLatin1(setting))) {
+                window->move(bounds->topLeft());
+                window->resize(bounds->size());
+            }
+}
+
+void TWindowArrangement::Arrange(int code, QSize minimum)
+{
+    if (code < 1 || code > ArrangementCount || !XwdGridForm)
+        return;
+    const QSize clues = CluesForm ? CluesForm->size() : QSize(300, 400);
+    const TScreenLayout layout = ArrangementLayout(code, screenOf(main_), main_->size(), XwdGridForm->size(), clues);
+    main_->move(layout.Main.topLeft());
+    main_->resize(layout.Main.size().expandedTo(minimum));
+    XwdGridForm->move(layout.Grid.topLeft());
+    if (CluesForm)
+        CluesForm->setGeometry(layout.Clues);
+}
+
+void TWindowArrangement::WriteWindowBounds()
+{
+    writeBoundsOf(QStringLiteral("ScreenBoundsMain"), main_);
+    if (XwdGridForm)
+        writeBoundsOf(QStringLiteral("ScreenBoundsGrid"), XwdGridForm);
+    if (CluesForm)
+        writeBoundsOf(QStringLiteral("ScreenBoundsClues"), CluesForm);
+    if (AutoclueForm && AutoclueForm->isVisible())
+        writeBoundsOf(QStringLiteral("ScreenBoundsAutoclue"), AutoclueForm);
+    WriteSetting(QStringLiteral("ScreenSquare"), SquareSize);
+}

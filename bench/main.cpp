@@ -64,6 +64,8 @@ int main(int argc, char *argv[])
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);
+    if (app.arguments().value(1) == u"fill")
+        return FillBench(app.arguments().mid(2));
     TPuzzle p = largestGrid();
     volatile int sink = 0;
     std::printf("23 x 23 grid, %d words\n", WordCount(p));

@@ -82,6 +82,8 @@ QList<TCliCommand> ClueCommands();
 QList<TCliCommand> WebCommands();
 // The word lists: the words that fit a pattern, and the report on a grid's fill (match, fill-report).
 QList<TCliCommand> WordListCommands();
+// Autofill (fill).
+QList<TCliCommand> FillCommands();
 
 // The word-list options of the commands that use the lists: --language L, --wordlist FILE
 // (repeatable, in order of priority), --no-default-list, --min-score N.

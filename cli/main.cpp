@@ -16,6 +16,7 @@ QList<TCliCommand> AllCommands()
     commands += ClueCommands();
     commands += WebCommands();
     commands += WordListCommands();
+    commands += FillCommands();
     return commands;
 }
 

@@ -3,6 +3,7 @@
 #include "clues/ui/tautoclueform.h"
 #include "clues/byline.h"
 #include "clues/ui/tbylineform.h"
+#include "fill/ui/autofillcommands.h"
 #include "fill/ui/fillcommands.h"
 #include "inspect/ui/inspectcommands.h"
 #include "interchange/ui/interchangecommands.h"
@@ -105,6 +106,7 @@ TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
     InstallInterchangeCommands(this);
     InstallEditCommands(this);
     InstallFillCommands(this);
+    InstallAutofillCommands(this);
     status_ = std::make_unique<TSolvingStatusLine>(ModeLabel, DataMemo);
     arrangement_ = std::make_unique<TWindowArrangement>(this);
     connectSession();

@@ -1,0 +1,106 @@
+#include "model/puzzlefile.h"
+#include "model/puzzletext.h"
+#include "testsupport.h"
+
+#include <QFile>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct TCliRun {
+    int code;
+    QByteArray err;
+};
+
+TCliRun cli(const QStringList &args)
+{
+    QProcess p;
+    p.start(QStringLiteral(QUILLMARK_CLI), args);
+    EXPECT_TRUE(p.waitForFinished(30000));
+    return {p.exitCode(), p.readAllStandardError()};
+}
+
+QString writePuzzle(const TScratchDir &dir, const QString &name, const QStringList &rows)
+{
+    const QString path = dir.path(name);
+    WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(
+                                  QStringLiteral("size 11\ngrid\n%1\nclues\n").arg(rows.join(u'\n')))));
+    return path;
+}
+
+// A 3 x 3 corner of an 11 x 11 grid, with T given at its top right.
+QString corner(const TScratchDir &dir)
+{
+    QStringList rows = {"..T########", "...########", "...########"};
+    while (rows.size() < 11)
+        rows.append(QStringLiteral("###########"));
+    return writePuzzle(dir, QStringLiteral("corner.xwd"), rows);
+}
+
+QString wordList(const TScratchDir &dir, const QByteArray &text)
+{
+    const QString path = dir.path(QStringLiteral("words.txt"));
+    WriteFileBytes(path, text);
+    return path;
+}
+
+}  // namespace
+
+TEST(FillCli, WritesTheFilledGridOnSuccessAndNothingOnFailure)
+{
+    TScratchDir dir;
+    const QString in = corner(dir);
+    const QString out = dir.path(QStringLiteral("out.xwd"));
+    const QString words = wordList(dir, "bat;60\nORE\nWED\nBOW\nARE\nTED\nCAB;90\n");
+    ASSERT_EQ(cli({"fill", "--seed", "3", "--no-default-list", "--wordlist", words, in, out}).code, 0);
+    const TPuzzle filled = LoadPuzzleFile(out).Puzzle;
+    EXPECT_EQ(filled.GetWord(1, 1, 'a'), "BAT");
+    EXPECT_EQ(filled.GetWord(1, 3, 'a'), "WED");
+    EXPECT_EQ(filled.GetWord(3, 1, 'd'), "TED");
+
+    // Without WED no fill exists: exit 4, the slot at fault named, no file.
+    const QString none = dir.path(QStringLiteral("none.xwd"));
+    const TCliRun impossible = cli({"fill", "--no-default-list", "--wordlist",
+                                    wordList(dir, "BAT\nORE\nBOW\nARE\nTED\n"), in, none});
+    EXPECT_EQ(impossible.code, 4);
+    EXPECT_TRUE(impossible.err.contains("Across") || impossible.err.contains("Down")) << impossible.err.constData();
+    EXPECT_FALSE(QFile::exists(none));
+}
+
+TEST(FillCli, ExitCodesForTheTimeLimitBadArgumentsAndUnreadableOrUnwritableFiles)
+{
+    TScratchDir dir;
+    const QString in = corner(dir);
+    const QString out = dir.path(QStringLiteral("out.xwd"));
+    const QString words = wordList(dir, "BAT\nORE\nWED\nBOW\nARE\nTED\n");
+    // 24 separate two-letter slots and 23 words: the search runs until it is stopped.
+    const QString open = QStringLiteral("..#..#..#..");
+    const QString black = QStringLiteral("###########");
+    const QString endless = writePuzzle(dir, QStringLiteral("endless.xwd"),
+                                        {open, black, open, black, open, black, open, black, open, black, open});
+    QByteArray twoLetter;
+    for (char a = 'A'; a < 'A' + 23; ++a)
+        twoLetter += QByteArray(1, a) + "Z\n";
+    const QString twoLetterList = dir.path(QStringLiteral("two.txt"));
+    WriteFileBytes(twoLetterList, twoLetter);
+
+    const struct {
+        const char *what;
+        QStringList args;
+        int code;
+    } cases[] = {
+        {"the time limit runs out", {"fill", "--time-limit", "0.3", "--no-default-list", "--wordlist", twoLetterList, endless, out}, 5},
+        {"a seed is not a number", {"fill", "--seed", "x", "--no-default-list", "--wordlist", words, in, out}, 1},
+        {"a minimum score is out of range", {"fill", "--min-score", "101", "--no-default-list", "--wordlist", words, in, out}, 1},
+        {"OUT is missing", {"fill", "--no-default-list", "--wordlist", words, in}, 1},
+        {"IN cannot be read", {"fill", "--no-default-list", "--wordlist", words, dir.path("missing.xwd"), out}, 2},
+        {"a word list cannot be read", {"fill", "--no-default-list", "--wordlist", dir.path("missing.txt"), in, out}, 2},
+        {"OUT cannot be written", {"fill", "--no-default-list", "--wordlist", words, in, dir.path("no/such/dir/out.xwd")}, 3},
+    };
+    for (const auto &c : cases) {
+        EXPECT_EQ(cli(c.args).code, c.code) << "when " << c.what;
+        EXPECT_FALSE(QFile::exists(out)) << "when " << c.what;
+    }
+}

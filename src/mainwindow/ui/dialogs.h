@@ -23,6 +23,8 @@ struct TFileRequest {
     QString DefaultExtension;
     QString Directory;
     QString FileName;
+    // Lists only files the user may run (and folders to reach them).
+    bool ExecutablesOnly = false;
 };
 
 struct TFileChoice {
@@ -60,6 +62,8 @@ public:
 
 // The dialogs in use: the real ones unless replaced.
 TDialogs &Dialogs();
+// The real dialogs, for a test that drives them.
+std::unique_ptr<TDialogs> MakeQtDialogs();
 // Replaces the dialogs (tests); returns the previous ones.
 std::unique_ptr<TDialogs> SetDialogs(std::unique_ptr<TDialogs> dialogs);
 

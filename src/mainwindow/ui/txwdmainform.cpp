@@ -868,8 +868,7 @@ void TXwdMainForm::ApplyPreferences(bool arrange, int code)
     if (arrange && puzzleOpen_) {
         if (code >= 1 && code <= ArrangementCount && XwdGridForm) {
             const QRect screen = this->screen() ? this->screen()->availableGeometry() : QRect(0, 0, 1024, 768);
-            const QSize clues = CluesForm ? CluesForm->size() : QSize(300, 400);
-            const TScreenLayout layout = ArrangementLayout(code, screen, size(), XwdGridForm->size(), clues);
+            const TScreenLayout layout = ArrangementLayout(code, screen, minimumSize(), XwdGridForm->size());
             move(layout.Main.topLeft());
             resize(layout.Main.size().expandedTo(minimumSize()));
             XwdGridForm->move(layout.Grid.topLeft());

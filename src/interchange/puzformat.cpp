@@ -17,6 +17,7 @@ constexpr int VersionOffset = 0x18;
 constexpr int CibOffset = 0x2C;  // width, height, clue count, bitmask, scrambled tag
 constexpr int CibSize = 8;
 constexpr int ScrambledOffset = 0x32;
+constexpr int ScrambledChecksumOffset = 0x1E;  // of the answers before they were locked
 const QByteArray Magic("ACROSS&DOWN\0", 12);
 const QByteArray MaskWord("ICHEATED");
 
@@ -167,7 +168,71 @@ void readSections(TCursor &in, TForeignPuzzle &f, const std::function<QString(co
         f.Notices.prepend(fileDamaged());
 }
 
+// Locking (Across Lite's "scramble") works on the answer letters read column by column,
+// black squares left out: four rounds, one a digit of the key, each shifting every letter
+// on by the key's digits in turn, rotating the letters left by the round's digit, and
+// interleaving the second half with the first. Undone here in reverse.
+QByteArray unscrambled(QByteArray s, const std::array<int, 4> &key)
+{
+    const int n = int(s.size());
+    QByteArray t(n, '\0');
+    for (int round = 3; round >= 0; --round) {
+        // interleaved: t = s[1::2] + s[::2]
+        int k = 0;
+        for (int i = 1; i < n; i += 2)
+            t[k++] = s[i];
+        for (int i = 0; i < n; i += 2)
+            t[k++] = s[i];
+        // rotated right by the digit
+        const int d = key[round] % n;
+        for (int i = 0; i < n; ++i)
+            s[(i + d) % n] = t[i];
+        for (int i = 0; i < n; ++i)
+            s[i] = char('A' + (s[i] - 'A' - key[i % 4] + 26 * 10) % 26);
+    }
+    return s;
+}
+
+struct TUnlocked {
+    QList<int> Keys;     // every key whose answers match the stored check, lowest first
+    QByteArray Answers;  // the solution grid unlocked with the first of them
+};
+
+// Tries the 10,000 four-digit keys against the checksum of the unlocked letters.
+TUnlocked unlockAnswers(const QByteArray &solution, int width, int height, uint16_t check)
+{
+    QByteArray letters;
+    QList<int> at;  // where each letter stands in the solution grid
+    for (int c = 0; c < width; ++c)
+        for (int r = 0; r < height; ++r) {
+            const int i = r * width + c;
+            const char s = solution[i];
+            if (s == '.' || s == ':')
+                continue;
+            if (s < 'A' || s > 'Z')
+                return {};  // only the letters A to Z are ever locked
+            letters.append(s);
+            at.append(i);
+        }
+    TUnlocked result;
+    if (letters.size() < 12)
+        return result;
+    for (int key = 0; key < 10000; ++key) {
+        const QByteArray letters2 = unscrambled(letters, {key / 1000, key / 100 % 10, key / 10 % 10, key % 10});
+        if (PuzChecksum(letters2) != check)
+            continue;
+        if (result.Keys.isEmpty()) {
+            result.Answers = solution;
+            for (int k = 0; k < at.size(); ++k)
+                result.Answers[at[k]] = letters2[k];
+        }
+        result.Keys.append(key);
+    }
+    return result;
+}
+
 }  // namespace
+
 
 uint16_t PuzChecksum(const QByteArray &bytes, uint16_t start)
 {
@@ -179,15 +244,18 @@ uint16_t PuzChecksum(const QByteArray &bytes, uint16_t start)
     return c;
 }
 
-TForeignPuzzle ReadPuz(const QByteArray &bytes)
+TForeignPuzzle ReadPuz(const QByteArray &file)
 {
+    // Some publishers put a preamble before the header, which begins two bytes before its mark.
+    const qsizetype mark = file.indexOf(Magic);
+    if (mark < MagicOffset)
+        throw TInterchangeError(file.size() < HeaderSize
+                                    ? QStringLiteral("The file is too short to be an Across Lite puzzle (.puz).")
+                                    : QStringLiteral("The file is not an Across Lite puzzle (.puz): it lacks the "
+                                                     "ACROSS&DOWN mark."));
+    const QByteArray bytes = file.mid(mark - MagicOffset);
     if (bytes.size() < HeaderSize)
-        throw TInterchangeError(bytes.mid(MagicOffset, Magic.size()) == Magic
-                                    ? cutShort()
-                                    : QStringLiteral("The file is too short to be an Across Lite puzzle (.puz)."));
-    if (bytes.mid(MagicOffset, Magic.size()) != Magic)
-        throw TInterchangeError(QStringLiteral("The file is not an Across Lite puzzle (.puz): it lacks the "
-                                               "ACROSS&DOWN mark."));
+        throw TInterchangeError(cutShort());
     TPuzParts parts;
     parts.Header = bytes.left(HeaderSize);
     TForeignPuzzle f;
@@ -196,9 +264,7 @@ TForeignPuzzle ReadPuz(const QByteArray &bytes)
     const int clueCount = u16(bytes, CibOffset + 2);
     if (f.Width == 0 || f.Height == 0)
         throw TInterchangeError(QStringLiteral("The Across Lite file has a grid of no squares."));
-    if (u16(bytes, ScrambledOffset) != 0)
-        throw TInterchangeError(QStringLiteral("The puzzle's answers are locked (scrambled). Unlock it in the program "
-                                               "that made it, then open it again."));
+    const bool locked = u16(bytes, ScrambledOffset) != 0;
 
     const QByteArray version = bytes.mid(VersionOffset, 4).split('\0').front();
     const bool utf8 = version.startsWith("2.");
@@ -230,9 +296,25 @@ TForeignPuzzle ReadPuz(const QByteArray &bytes)
     // Some writers leave out the notes altogether; that loses nothing.
     parts.Notes = in.string().value_or(QByteArray());
 
+    QByteArray answers = parts.Solution;
+    if (locked) {
+        const TUnlocked unlocked = unlockAnswers(parts.Solution, f.Width, f.Height, u16(bytes, ScrambledChecksumOffset));
+        if (unlocked.Keys.isEmpty())
+            throw TInterchangeError(QStringLiteral("The puzzle's answers are locked (scrambled), and no four-digit key "
+                                                   "unlocks them. Unlock it in the program that made it, then open it "
+                                                   "again."));
+        answers = unlocked.Answers;
+        f.Notices.append(unlocked.Keys.size() == 1
+                             ? QStringLiteral("The puzzle's answers were locked; they were unlocked with the key %1.")
+                                   .arg(unlocked.Keys.front(), 4, 10, QChar(u'0'))
+                             : QStringLiteral("The puzzle's answers were locked; %1 keys fit its check, and the first, "
+                                              "%2, unlocked them. Check the answers before you rely on them.")
+                                   .arg(unlocked.Keys.size())
+                                   .arg(unlocked.Keys.front(), 4, 10, QChar(u'0')));
+    }
     for (int i = 0; i < squares; ++i) {
         TForeignSquare square;
-        const char s = parts.Solution[i];
+        const char s = answers[i];
         const char e = parts.Fill[i];
         square.Block = s == '.' || s == ':';
         if (!square.Block) {

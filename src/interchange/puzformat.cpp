@@ -2,8 +2,12 @@
 
 #include "model/cp1252.h"
 
+#include <QHash>
 #include <QMap>
 
+#include <algorithm>
+
+#include <array>
 #include <functional>
 #include <optional>
 
@@ -233,6 +237,26 @@ TUnlocked unlockAnswers(const QByteArray &solution, int width, int height, uint1
 
 }  // namespace
 
+QString PlainLatin1(const QString &text)
+{
+    static const QHash<char16_t, QString> plain = {
+        {u'\u2018', "'"}, {u'\u2019', "'"}, {u'\u201A', "'"}, {u'\u201C', "\""}, {u'\u201D', "\""},
+        {u'\u201E', "\""}, {u'\u2013', "-"}, {u'\u2014', "-"}, {u'\u2026', "..."}, {u'\u2022', "*"},
+        {u'\u20AC', "EUR"}, {u'\u2122', "(TM)"}, {u'\u0152', "OE"}, {u'\u0153', "oe"}, {u'\u0160', "S"},
+        {u'\u0161', "s"}, {u'\u0178', "Y"}, {u'\u017D', "Z"}, {u'\u017E', "z"}, {u'\u0192', "f"},
+        {u'\u2039', "<"}, {u'\u203A', ">"}, {u'\u02C6', "^"}, {u'\u02DC', "~"}, {u'\u2020', "+"},
+        {u'\u2021', "+"}, {u'\u2030', "%"},
+    };
+    QString out;
+    out.reserve(text.size());
+    for (const QChar ch : text) {
+        if (ch.unicode() <= 0xFF && !(ch.unicode() >= 0x80 && ch.unicode() < 0xA0))
+            out += ch;
+        else
+            out += plain.value(ch.unicode(), QStringLiteral("?"));
+    }
+    return out;
+}
 
 uint16_t PuzChecksum(const QByteArray &bytes, uint16_t start)
 {
@@ -345,7 +369,7 @@ TForeignPuzzle ReadPuz(const QByteArray &file)
     return f;
 }
 
-QByteArray WritePuz(const TForeignPuzzle &f)
+QByteArray WritePuz(const TForeignPuzzle &f, QStringList *warnings)
 {
     int missing = 0;
     for (const TForeignSquare &square : f.Squares)
@@ -362,13 +386,41 @@ QByteArray WritePuz(const TForeignPuzzle &f)
     QStringList texts = {f.Title, f.Author, f.Copyright, f.Notes};
     for (const TForeignWord &w : words)
         texts.append((w.Dir == Direction::Across ? f.Across : f.Down).value(w.Number));
-    bool latin1 = true;
-    for (const QString &text : std::as_const(texts)) {
+    for (const QString &text : std::as_const(texts))
         if (text.contains(QChar(0)))
             throw TInterchangeError(QStringLiteral("A clue or title holds a NUL character, which an Across Lite file "
                                                    "cannot hold."));
-        for (const QChar ch : text)
-            latin1 = latin1 && ch.unicode() <= 0xFF && !(ch.unicode() >= 0x80 && ch.unicode() < 0xA0);
+    const auto isLatin1 = [](QChar ch) { return ch.unicode() <= 0xFF && !(ch.unicode() >= 0x80 && ch.unicode() < 0xA0); };
+    bool latin1 = true;
+    for (const QString &text : std::as_const(texts))
+        latin1 = latin1 && std::all_of(text.begin(), text.end(), isLatin1);
+    // Version 2.0 makes the text UTF-8 but leaves the grid a byte a square, so readers take
+    // a grid letter beyond ASCII there for broken UTF-8. Such a grid keeps version 1.3, and
+    // the text what Latin-1 holds.
+    const bool asciiGrid = std::all_of(f.Squares.begin(), f.Squares.end(), [](const TForeignSquare &square) {
+        return std::all_of(square.Solution.begin(), square.Solution.end(), [](QChar ch) { return ch.unicode() < 0x80; }) &&
+               std::all_of(square.Entry.begin(), square.Entry.end(), [](QChar ch) { return ch.unicode() < 0x80; });
+    });
+    if (!latin1 && !asciiGrid) {
+        QStringList changed;
+        for (int i = 0; i < texts.size(); ++i) {
+            const QString plain = PlainLatin1(texts[i]);
+            if (plain == texts[i])
+                continue;
+            texts[i] = plain;
+            static const QStringList names = {QStringLiteral("the title"), QStringLiteral("the author"),
+                                              QStringLiteral("the copyright line"), QStringLiteral("the notes")};
+            changed.append(i < 4 ? names[i]
+                                 : QStringLiteral("%1 %2").arg(words[i - 4].Number).arg(words[i - 4].Dir == Direction::Across
+                                                                                            ? QStringLiteral("Across")
+                                                                                            : QStringLiteral("Down")));
+        }
+        latin1 = true;
+        if (warnings)
+            warnings->append(QStringLiteral("The grid has letters beyond A to Z, which an Across Lite file holds only "
+                                            "in its Latin-1 version, so curly quotes, dashes and other characters "
+                                            "Latin-1 lacks were written in their plain forms in %1.")
+                                 .arg(changed.join(QStringLiteral(", "))));
     }
     const auto encode = [latin1](const QString &s) { return latin1 ? s.toLatin1() : s.toUtf8(); };
 
@@ -385,10 +437,10 @@ QByteArray WritePuz(const TForeignPuzzle &f)
         parts.Solution.append(square.Block ? '.' : byteOf(square.Solution));
         parts.Fill.append(square.Block ? '.' : square.Entry.isEmpty() ? '-' : byteOf(square.Entry));
     }
-    parts.Title = encode(f.Title);
-    parts.Author = encode(f.Author);
-    parts.Copyright = encode(f.Copyright);
-    parts.Notes = encode(f.Notes);
+    parts.Title = encode(texts[0]);
+    parts.Author = encode(texts[1]);
+    parts.Copyright = encode(texts[2]);
+    parts.Notes = encode(texts[3]);
     for (int i = 4; i < texts.size(); ++i)
         parts.Clues.append(encode(texts[i]));
 

@@ -106,12 +106,9 @@ TImportedPuzzle ToQuillmark(const TForeignPuzzle &f, const TImportOptions &optio
         throw TInterchangeError(QStringLiteral("The grid is %1 x %1 squares. A Quillmark puzzle is 11, 13, 15, 17, "
                                                "19, 21 or 23 squares a side.")
                                     .arg(f.Width));
-    for (int r = 1; r <= f.Height; ++r)
-        for (int c = 1; c <= f.Width; ++c)
-            if (f.at(c, r).Circled)
-                throw TInterchangeError(QStringLiteral("The square at %1 is circled. A Quillmark grid cannot show "
-                                                       "circles, so the puzzle would lose its theme.")
-                                            .arg(squareName(c, r)));
+    const auto circled = std::count_if(f.Squares.begin(), f.Squares.end(), [](const TForeignSquare &s) {
+        return s.Circled && !s.Block;
+    });
 
     TImportedPuzzle result;
     TPuzzle &p = result.Puzzle;
@@ -181,6 +178,11 @@ TImportedPuzzle ToQuillmark(const TForeignPuzzle &f, const TImportOptions &optio
         result.Warnings.append(QStringLiteral("The author was cut to 60 characters."));
 
     result.Title = f.Title.trimmed();
+    if (circled > 0)
+        result.Warnings.append(QStringLiteral("%1 %2 lose their circles, which a Quillmark grid cannot show. "
+                                              "The theme may depend on them: note where they were.")
+                                   .arg(circled)
+                                   .arg(circled == 1 ? QStringLiteral("square") : QStringLiteral("squares")));
     if (!f.Copyright.trimmed().isEmpty())
         result.Warnings.append(QStringLiteral("The copyright line is not kept: %1").arg(f.Copyright.trimmed()));
     if (!f.Notes.trimmed().isEmpty())

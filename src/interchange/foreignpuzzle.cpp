@@ -177,7 +177,11 @@ TImportedPuzzle ToQuillmark(const TForeignPuzzle &f, const TImportOptions &optio
     if (longAuthor)
         result.Warnings.append(QStringLiteral("The author was cut to 60 characters."));
 
-    result.Title = f.Title.trimmed();
+    result.Title = f.Title.simplified();
+    if (!result.Title.isEmpty())
+        result.Warnings.append(QStringLiteral("The title (%1) is not kept in the puzzle: it is offered as the "
+                                              "file's name when the puzzle is first saved.")
+                                   .arg(result.Title));
     if (circled > 0)
         result.Warnings.append(QStringLiteral("%1 %2 lose their circles, which a Quillmark grid cannot show. "
                                               "The theme may depend on them: note where they were.")

@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QMenu>
+#include <QRegularExpression>
 
 namespace {
 
@@ -106,6 +107,9 @@ bool OpenInterchangeFile(TXwdMainForm *form, const QString &path, bool solving)
     // No .xwd file yet: Save asks for one, and closing asks before anything is lost.
     CurrentPuzzlePath.clear();
     form->PuzzleOpened();
+    // The file's title is the name the first Save offers, less what file names cannot hold.
+    static const QRegularExpression unsafe(QStringLiteral(R"([/\\:*?"<>|\x00-\x1f]+)"));
+    form->SuggestedPuzzleName = imported.Title.replace(unsafe, QStringLiteral(" ")).simplified();
     PuzzleChanged = true;
     if (XwdGridForm)
         XwdGridForm->setWindowTitle(QStringLiteral("%1 (not saved)").arg(QFileInfo(path).completeBaseName().toUpper()));

@@ -490,13 +490,14 @@ void TXwdMainForm::Open1Click(bool solving)
     PuzzleOpened();
 }
 
-std::optional<TFileChoice> TXwdMainForm::ChoosePuzzleName(const QString &title, const QString &filter)
+std::optional<TFileChoice> TXwdMainForm::ChoosePuzzleName(const QString &title, const QString &filter,
+                                                          const QString &fileName)
 {
     TFileRequest request;
     request.Kind = TFileRequest::Save;
     request.Title = title;
     request.Filter = filter;
-    request.FileName = QStringLiteral("untitled.xwd");
+    request.FileName = fileName;
     request.DefaultExtension = QStringLiteral("xwd");
     request.Directory = QDir::currentPath();
     auto choice = Dialogs().ChooseFile(this, request);
@@ -552,7 +553,10 @@ void TXwdMainForm::CopyGridAs1Click(QAction *action)
 {
     const bool copyGrid = action == CopyGridAsAct;
     const auto choice = ChoosePuzzleName(copyGrid ? QStringLiteral("Copy grid as...") : QStringLiteral("Save puzzle as..."),
-                                         copyGrid ? CopyGridFilter : SaveAsFilter);
+                                         copyGrid ? CopyGridFilter : SaveAsFilter,
+                                         copyGrid || SuggestedPuzzleName.isEmpty()
+                                             ? QStringLiteral("untitled.xwd")
+                                             : SuggestedPuzzleName + QStringLiteral(".xwd"));
     if (!choice)
         return;
     const QString path = choice->Path;
@@ -700,6 +704,7 @@ QSize TXwdMainForm::MinimumFittedSize() const
 void TXwdMainForm::PuzzleOpened()
 {
     puzzleOpen_ = true;
+    SuggestedPuzzleName.clear();
     if (!firstOpenDone_) {
         firstOpenDone_ = true;
         LogoImage->setVisible(false);

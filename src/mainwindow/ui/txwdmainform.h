@@ -81,6 +81,10 @@ public:
     QMenu *Menu(const QString &objectName) const;
     bool IsPuzzleOpen() const { return puzzleOpen_; }
 
+    // The name Save As offers for a puzzle with no file yet (an imported puzzle's title);
+    // every open, create or save clears it.
+    QString SuggestedPuzzleName;
+
 signals:
     // After every change of mode or puzzle: subsystems set their commands' state here.
     void ActionsUpdated();
@@ -132,7 +136,8 @@ private:
     QAction *historyAct(int k) const;
     // Asks for a puzzle file to write, with ".xwd" added when no extension was typed; a
     // name with another extension is refused with the program's message.
-    std::optional<TFileChoice> ChoosePuzzleName(const QString &title, const QString &filter);
+    std::optional<TFileChoice> ChoosePuzzleName(const QString &title, const QString &filter,
+                                                const QString &fileName = QStringLiteral("untitled.xwd"));
     // Reads a puzzle; false when it is not one.
     bool tryOpen(const QString &path);
     void showSaving();

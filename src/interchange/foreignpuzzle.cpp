@@ -58,6 +58,16 @@ uint8_t squareLetter(const QString &value, int column, int row)
     return uint8_t(code);
 }
 
+// Text cut to `limit` bytes at the last space that fits, so no word is cut in two; a
+// single word longer than the limit is all there is to cut.
+QByteArray cutAtWord(const QByteArray &text, int limit)
+{
+    if (text.size() <= limit)
+        return text;
+    const qsizetype space = text.left(limit + 1).lastIndexOf(' ');
+    return space > 0 ? text.left(space).trimmed() : text.left(limit);
+}
+
 // The first grid language whose letters hold every letter of the grid.
 uint8_t languageFor(const TPuzzle &p)
 {
@@ -151,13 +161,13 @@ TImportedPuzzle ToQuillmark(const TForeignPuzzle &f, const TImportOptions &optio
         if (bytes.size() > MaxClueLength)
             tooLong.append(wordName(w.Number, w.Dir));
         p.setSlotAt(w.Column, w.Row, w.Dir, uint16_t(w.Index));
-        p.setClue(w.Index, bytes.left(MaxClueLength));
+        p.setClue(w.Index, cutAtWord(bytes, MaxClueLength));
     }
     // No author is the byline "--": nothing is printed, not "a Quillmark puzzle".
     const QByteArray author = f.Author.trimmed().isEmpty() ? QByteArray("--")
                                                            : toRecordText(f.Author.trimmed(), QStringLiteral("The author"));
     const bool longAuthor = author.size() > MaxBylineLength;
-    p.Byline.setText(author.left(MaxBylineLength));
+    p.Byline.setText(cutAtWord(author, MaxBylineLength));
 
     if ((!tooLong.isEmpty() || longAuthor) && !options.CutLongText) {
         QStringList parts;

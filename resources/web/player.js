@@ -14,6 +14,21 @@
   const FILE5_SIZE = 14156;
   const CORRUPT = "Puzzle not in Quillmark format or is corrupt.";
 
+  // A square with no answer would take any letter as right: such a puzzle is not offered.
+  function unfinishedMessage(missing) {
+    return "This puzzle is not finished: " + missing + (missing === 1 ? " square has" : " squares have") +
+      " no letter yet, so it cannot be solved here. Fill the grid in Quillmark first.";
+  }
+
+  function refuseUnfinished(puzzle) {
+    let missing = 0;
+    puzzle.pattern.join("").split("").forEach((square, i) => {
+      if (square !== "#" && !puzzle.solution[i]) missing++;
+    });
+    if (missing > 0) throw new CorruptPuzzle(unfinishedMessage(missing));
+    return puzzle;
+  }
+
   const cp1252 = new TextDecoder("windows-1252");
   const charOf = (code) => cp1252.decode(new Uint8Array([code]));
 
@@ -103,7 +118,7 @@
     for (const word of findWords(puzzle)) {
       puzzle.clues.set(word.key, clue(slotAt(word.column, word.row, word.direction === "across")));
     }
-    return puzzle;
+    return refuseUnfinished(puzzle);
   }
 
   // The answers of an exported page, scrambled by the program: each square's character
@@ -129,7 +144,7 @@
     for (const clue of data.clues) {
       puzzle.clues.set(wordKey(clue.direction, clue.column, clue.row), clue.text);
     }
-    return puzzle;
+    return refuseUnfinished(puzzle);
   }
 
   // ---- Geometry --------------------------------------------------------------------------
@@ -564,7 +579,7 @@
 
     isRight(i) {
       const answer = this.puzzle.solution[i];
-      return this.entries[i] !== "" && (answer === "" || this.entries[i] === answer);
+      return this.entries[i] !== "" && this.entries[i] === answer;
     }
 
     check(scope) {
@@ -680,7 +695,7 @@
       } catch (e) {
         if (!(e instanceof CorruptPuzzle)) throw e;
         // Like the program, keep the puzzle in hand when another file cannot be read.
-        $("load-error").textContent = CORRUPT;
+        $("load-error").textContent = e.message;
       }
     };
     reader.onerror = () => { $("load-error").textContent = CORRUPT; };
@@ -709,6 +724,14 @@
 
   wirePlayer();
   const data = JSON.parse($("puzzle-data").textContent);
-  if (data === null) wireLoader();
-  else start(puzzleFromJson(data));
+  if (data === null) {
+    wireLoader();
+  } else {
+    try {
+      start(puzzleFromJson(data));
+    } catch (e) {
+      if (!(e instanceof CorruptPuzzle)) throw e;
+      $("load-error").textContent = e.message;
+    }
+  }
 })();

@@ -464,14 +464,24 @@
       this.focusEntry();
     }
 
-    nextWord(step) {
-      const word = this.currentWord();
+    // The word `step` words on in clue-list order (across, then down), round the end.
+    wordAfter(step) {
       const ordered = this.words.filter((w) => w.direction === "across")
         .concat(this.words.filter((w) => w.direction === "down"));
-      if (!ordered.length) return;
-      const at = ordered.indexOf(word);
-      const next = ordered[(at + step + ordered.length) % ordered.length];
-      this.goToWord(next);
+      if (!ordered.length) return null;
+      const at = ordered.indexOf(this.currentWord());
+      return ordered[(at + step + ordered.length) % ordered.length];
+    }
+
+    nextWord(step) {
+      const next = this.wordAfter(step);
+      if (next) this.goToWord(next);
+    }
+
+    // Home and End: the first or the last square of the word.
+    wordEnd(last) {
+      const word = this.currentWord();
+      if (word) this.select(word.cells[last ? word.cells.length - 1 : 0], this.direction);
     }
 
     // Moves over black squares to the next white one in the line; stays at the edge.
@@ -502,25 +512,44 @@
       this.paintSquare(i);
     }
 
+    // A revealed square is the answer, given: it takes no other letter.
+    isLocked(i) { return this.revealed.has(i); }
+
     type(letter) {
       if (this.paused) return;
-      this.setEntry(this.cursor, letter);
+      this.started = true;
+      if (!this.isLocked(this.cursor)) this.setEntry(this.cursor, letter);
       const word = this.currentWord();
       if (word) {
         const at = word.cells.indexOf(this.cursor);
+        // After the last square the next word, so that no letter overwrites the last one.
         if (at + 1 < word.cells.length) this.select(word.cells[at + 1], this.direction);
-        else this.highlight();
+        else this.nextWord(1);
       }
       this.changed();
     }
 
+    // Clears the square's letter; on an empty square, goes back one first, from a word's
+    // first square into the end of the word before it.
     backspace() {
       if (this.paused) return;
-      if (!this.entries[this.cursor]) {
+      if (!this.entries[this.cursor] || this.isLocked(this.cursor)) {
         const word = this.currentWord();
         const at = word ? word.cells.indexOf(this.cursor) : -1;
-        if (at > 0) this.select(word.cells[at - 1], this.direction);
+        if (at > 0) {
+          this.select(word.cells[at - 1], this.direction);
+        } else {
+          const previous = this.wordAfter(-1);
+          if (previous) this.select(previous.cells[previous.cells.length - 1], previous.direction);
+        }
       }
+      if (!this.isLocked(this.cursor)) this.setEntry(this.cursor, "");
+      this.highlight();
+      this.changed();
+    }
+
+    deleteLetter() {
+      if (this.paused || this.isLocked(this.cursor)) return;
       this.setEntry(this.cursor, "");
       this.highlight();
       this.changed();
@@ -543,7 +572,9 @@
       else if (key === "ArrowUp") this.move(0, -1);
       else if (key === "Tab") this.nextWord(event.shiftKey ? -1 : 1);
       else if (key === "Backspace") this.backspace();
-      else if (key === "Delete") { this.setEntry(this.cursor, ""); this.highlight(); this.changed(); }
+      else if (key === "Delete") this.deleteLetter();
+      else if (key === "Home") this.wordEnd(false);
+      else if (key === "End") this.wordEnd(true);
       else if (key === " ") this.toggleDirection();
       else if (key === "Enter") this.nextWord(1);
       else if (key === "Escape") { $("entry").blur(); document.querySelector(".toolbar button").focus(); }

@@ -236,6 +236,7 @@
       this.seconds = 0;
       this.paused = false;
       this.solved = false;
+      this.started = false;  // the clock waits for the first letter
       this.cursor = this.words.length ? this.words[0].cells[0] : 0;
       this.direction = this.words.length ? this.words[0].direction : "across";
       this.restore();
@@ -259,6 +260,7 @@
       } else if (this.puzzle.entries) {
         this.entries = this.puzzle.entries.slice();
       }
+      this.started = this.seconds > 0 || this.entries.some((e) => e !== "");
     }
 
     save() {
@@ -276,7 +278,10 @@
     build() {
       const grid = $("grid");
       grid.replaceChildren();
-      grid.style.setProperty("--size", this.size);
+      // A tap anywhere in the grid, black squares too, keeps the focus (and a phone's
+      // keyboard) where it is.
+      grid.onmousedown = (e) => e.preventDefault();
+      $("grid-frame").style.setProperty("--size", this.size);  // the box around the grid sizes by it too
       this.cellElements = [];
       const numbers = new Map(this.words.map((w) => [w.cells[0], w.number]));
       for (let r = 1; r <= this.size; r++) {
@@ -292,6 +297,7 @@
           cell.id = "cell-" + c + "-" + r;
           if (!this.isWhite(i)) {
             cell.className = "cell block";
+            cell.addEventListener("click", () => this.focusEntry());
             cell.setAttribute("aria-label", "Black square, row " + r + ", column " + c);
           } else {
             cell.className = "cell";
@@ -318,7 +324,11 @@
           text.textContent = this.puzzle.clues.get(word.key) || "";
           item.append(number, text);
           item.tabIndex = -1;
-          item.addEventListener("click", () => this.goToWord(word));
+          item.addEventListener("mousedown", (e) => e.preventDefault());
+          item.addEventListener("click", () => {
+            this.goToWord(word);
+            this.bringGridIntoView();
+          });
           list.appendChild(item);
           this.clueElements.set(word.key, item);
         }
@@ -382,6 +392,41 @@
       this.cursor = i;
       this.direction = direction;
       this.highlight();
+      this.revealCursor();
+    }
+
+    // The height the clue bar takes at the top of the window when it sticks there (phones).
+    stickyBarHeight() {
+      const bar = $("clue-bar");
+      return getComputedStyle(bar).position === "sticky" ? bar.offsetHeight : 0;
+    }
+
+    viewHeight() { return window.visualViewport ? window.visualViewport.height : window.innerHeight; }
+
+    // Scrolls just enough that the cursor's square is on the screen: inside a grid wider
+    // than the screen, below the sticky clue bar, above a phone's keyboard.
+    revealCursor() {
+      const cell = this.cellElements[this.cursor];
+      const frame = $("grid-frame");
+      const f = frame.getBoundingClientRect();
+      let c = cell.getBoundingClientRect();
+      if (c.left < f.left) frame.scrollLeft -= f.left - c.left + c.width;
+      else if (c.right > f.right) frame.scrollLeft += c.right - f.right + c.width;
+      c = cell.getBoundingClientRect();
+      const top = this.stickyBarHeight() + 4;
+      const bottom = this.viewHeight() - 4;
+      if (c.top < top) window.scrollBy(0, c.top - top);
+      else if (c.bottom > bottom) window.scrollBy(0, Math.min(c.bottom - bottom, c.top - top));
+    }
+
+    // After a clue was picked from the list: the grid back in view from its top when the
+    // cursor's row then fits on the screen, else with the cursor's row just under the bar.
+    bringGridIntoView() {
+      const grid = $("grid").getBoundingClientRect();
+      const cell = this.cellElements[this.cursor].getBoundingClientRect();
+      const top = this.stickyBarHeight() + 4;
+      const shift = cell.bottom - grid.top + top <= this.viewHeight() ? grid.top - top : cell.top - top;
+      window.scrollBy(0, shift);
     }
 
     highlight() {
@@ -640,6 +685,23 @@
       this.changed();
     }
 
+    // Starts again: no letters, reveals or marks, and the clock back at nought.
+    clear() {
+      this.entries = this.entries.map(() => "");
+      this.revealed.clear();
+      this.wrong.clear();
+      this.seconds = 0;
+      this.started = false;
+      this.solved = false;
+      document.body.classList.remove("solved");
+      for (let i = 0; i < this.entries.length; i++) this.paintSquare(i);
+      this.announce("");
+      this.setPaused(false);
+      if (this.words.length) this.goToWord(this.words[0]);
+      this.save();
+      this.showClock();
+    }
+
     // ---- clock, completion, status
 
     changed() {
@@ -670,7 +732,7 @@
     showClock() { $("clock").textContent = formatTime(this.seconds); }
 
     tick() {
-      if (this.paused || this.solved || document.hidden) return;
+      if (this.paused || this.solved || !this.started || document.hidden) return;
       this.seconds++;
       this.showClock();
       this.save();
@@ -682,6 +744,7 @@
       button.textContent = paused ? "Resume" : "Pause";
       button.setAttribute("aria-pressed", String(paused));
       $("paused-cover").hidden = !paused;
+      document.body.classList.toggle("paused", paused);
       $("grid").classList.toggle("hidden-letters", paused);
       if (!paused) this.focusEntry();
     }
@@ -715,6 +778,37 @@
         game.focusEntry();
       });
     }
+    for (const [id, step] of [["previous-clue", -1], ["next-clue", 1]]) {
+      $(id).addEventListener("mousedown", (e) => e.preventDefault());  // the keyboard stays up
+      $(id).addEventListener("click", () => {
+        if (!game || game.paused) return;
+        game.nextWord(step);
+      });
+    }
+    const dialog = $("clear-dialog");
+    $("clear-button").addEventListener("click", () => {
+      if (!game) return;
+      dialog.returnValue = "";
+      dialog.showModal();
+    });
+    dialog.addEventListener("close", () => {
+      if (!game) return;
+      if (dialog.returnValue === "clear") game.clear();
+      game.focusEntry();
+    });
+    // Typing goes to the grid while a puzzle is shown, wherever the focus was left (after
+    // Esc, or a click beside the grid); the keys that work a focused control stay its own.
+    const gridKeys = new Set(["Backspace", "Delete", "Home", "End", "ArrowLeft", "ArrowRight", "ArrowUp",
+                              "ArrowDown"]);
+    document.addEventListener("keydown", (e) => {
+      if (!game || $("player").hidden || e.target === $("entry") || dialog.open) return;
+      if (e.ctrlKey || e.metaKey || e.altKey) return;
+      if (e.key.length !== 1 && !gridKeys.has(e.key)) return;
+      const control = e.target instanceof Element && e.target.closest("button, input, select, textarea, a, summary");
+      if (control && (e.key === " " || (control.tagName === "INPUT" && control.type !== "file"))) return;
+      game.focusEntry();
+      game.keyDown(e);
+    });
     window.addEventListener("resize", () => game && game.highlight());
   }
 

@@ -189,8 +189,8 @@ TImportedPuzzle ToQuillmark(const TForeignPuzzle &f, const TImportOptions &optio
 
     result.Title = f.Title.simplified();
     if (!result.Title.isEmpty())
-        result.Warnings.append(QStringLiteral("The title (%1) is not kept in the puzzle: it is offered as the "
-                                              "file's name when the puzzle is first saved.")
+        result.Warnings.append(QStringLiteral("The title (%1) is not kept in the puzzle; it is the name offered "
+                                              "for the puzzle's file.")
                                    .arg(result.Title));
     if (circled > 0)
         result.Warnings.append(QStringLiteral("%1 %2 lose their circles, which a Quillmark grid cannot show. "

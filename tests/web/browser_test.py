@@ -444,6 +444,8 @@ def player_page(browser, work, info, checks):
 
     def load(name, drop=False):
         path = os.path.join(work, name)
+        browser.eval("document.getElementById('load-error').textContent = ''")
+        before = browser.eval("document.getElementById('title').textContent")
         if drop:
             data = {"items": [], "files": [path], "dragOperationsMask": 1}
             for kind in ("dragEnter", "dragOver", "drop"):
@@ -452,8 +454,6 @@ def player_page(browser, work, info, checks):
             document = browser.call("DOM.getDocument")["root"]["nodeId"]
             node = browser.call("DOM.querySelector", {"nodeId": document, "selector": "#file-input"})["nodeId"]
             browser.call("DOM.setFileInputFiles", {"nodeId": node, "files": [path]})
-        browser.eval("document.getElementById('load-error').textContent = ''")
-        before = browser.eval("document.getElementById('title').textContent")
         for _ in range(100):
             if browser.eval("document.getElementById('title').textContent !== %s ||"
                             " document.getElementById('load-error').textContent !== ''" % json.dumps(before)):
@@ -477,8 +477,8 @@ def player_page(browser, work, info, checks):
     checks.equal("corrupt file message", browser.eval("document.getElementById('load-error').textContent"), CORRUPT)
     checks.equal("corrupt file keeps the puzzle in hand", cell_text(browser, 3, 3), "É")
     load("unfinished.xwd")
-    checks.true("an unfinished puzzle is refused, saying so",
-                "not finished" in browser.eval("document.getElementById('load-error').textContent"))
+    refused = browser.eval("document.getElementById('load-error').textContent")
+    checks.true("an unfinished puzzle is refused, saying so (%r)" % refused, "not finished" in refused)
     browser.reload()
     load("corrupt.xwd")
     checks.equal("corrupt file as the first", browser.eval("document.getElementById('load-error').textContent"), CORRUPT)
@@ -490,6 +490,7 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--cli", required=True)
     parser.add_argument("--fixtures", required=True)
+    parser.add_argument("--examples", help="the example puzzles, for a 13 x 13 printed with its real clues")
     parser.add_argument("--chromium", default=shutil.which("chromium") or "")
     parser.add_argument("--shots", help="folder for screenshots at desktop and phone widths")
     args = parser.parse_args()
@@ -524,6 +525,16 @@ def main():
         exported_page(browser, work, info, checks, args.shots)
         phone_page(browser, work, info, checks, args.shots)
         player_page(browser, work, info, checks)
+        if args.examples:
+            thirteen = os.path.join(args.examples, "sunday-stroll.xwd")
+            run_cli(args.cli, "export-web", thirteen, os.path.join(work, "stroll.html"))
+            browser.navigate("file://" + os.path.join(work, "stroll.html"))
+            browser.type("abc")
+            pdf = os.path.join(work, "stroll.pdf")
+            with open(pdf, "wb") as f:
+                f.write(base64.b64decode(browser.call("Page.printToPDF")["data"]))
+            pages = subprocess.run(["pdfinfo", pdf], check=True, stdout=subprocess.PIPE).stdout.decode()
+            checks.true("a 13 x 13 puzzle prints on one page with its clues", "Pages:           1" in pages)
     finally:
         if browser:
             browser.close()

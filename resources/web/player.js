@@ -419,12 +419,14 @@
       else if (c.bottom > bottom) window.scrollBy(0, Math.min(c.bottom - bottom, c.top - top));
     }
 
-    // After a clue was picked from the list: the grid back in view from its top when the
-    // cursor's row then fits on the screen, else with the cursor's row just under the bar.
+    // After a clue was picked from the list with the grid scrolled away (a phone, in the
+    // lists under the grid): the grid back in view from its top when the cursor's row then
+    // fits on the screen, else with the cursor's row just under the bar.
     bringGridIntoView() {
       const grid = $("grid").getBoundingClientRect();
       const cell = this.cellElements[this.cursor].getBoundingClientRect();
       const top = this.stickyBarHeight() + 4;
+      if (grid.top >= top) return;
       const shift = cell.bottom - grid.top + top <= this.viewHeight() ? grid.top - top : cell.top - top;
       window.scrollBy(0, shift);
     }

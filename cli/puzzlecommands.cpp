@@ -151,7 +151,11 @@ int convert(Arguments args, QTextStream &)
     QByteArray bytes;
     if (foreignOut) {
         try {
-            bytes = ExportPuzzle(loaded.Puzzle, outKind, TitleFromPath(files[0]));
+            QStringList warnings;
+            bytes = ExportPuzzle(loaded.Puzzle, outKind, TitleFromPath(files[0]), &warnings);
+            QTextStream err(stderr);
+            for (const QString &warning : std::as_const(warnings))
+                err << "quillmark-cli: " << files[1] << ": " << warning << '\n';
         } catch (const TInterchangeError &e) {
             throw TCliError{ExitUnwritable, QStringLiteral("%1: %2").arg(files[1], e.message())};
         }

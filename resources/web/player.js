@@ -14,6 +14,21 @@
   const FILE5_SIZE = 14156;
   const CORRUPT = "Puzzle not in Quillmark format or is corrupt.";
 
+  // A square with no answer would take any letter as right: such a puzzle is not offered.
+  function unfinishedMessage(missing) {
+    return "This puzzle is not finished: " + missing + (missing === 1 ? " square has" : " squares have") +
+      " no letter yet, so it cannot be solved here. Fill the grid in Quillmark first.";
+  }
+
+  function refuseUnfinished(puzzle) {
+    let missing = 0;
+    puzzle.pattern.join("").split("").forEach((square, i) => {
+      if (square !== "#" && !puzzle.solution[i]) missing++;
+    });
+    if (missing > 0) throw new CorruptPuzzle(unfinishedMessage(missing));
+    return puzzle;
+  }
+
   const cp1252 = new TextDecoder("windows-1252");
   const charOf = (code) => cp1252.decode(new Uint8Array([code]));
 
@@ -103,7 +118,7 @@
     for (const word of findWords(puzzle)) {
       puzzle.clues.set(word.key, clue(slotAt(word.column, word.row, word.direction === "across")));
     }
-    return puzzle;
+    return refuseUnfinished(puzzle);
   }
 
   // The answers of an exported page, scrambled by the program: each square's character
@@ -129,7 +144,7 @@
     for (const clue of data.clues) {
       puzzle.clues.set(wordKey(clue.direction, clue.column, clue.row), clue.text);
     }
-    return puzzle;
+    return refuseUnfinished(puzzle);
   }
 
   // ---- Geometry --------------------------------------------------------------------------
@@ -221,6 +236,7 @@
       this.seconds = 0;
       this.paused = false;
       this.solved = false;
+      this.started = false;  // the clock waits for the first letter
       this.cursor = this.words.length ? this.words[0].cells[0] : 0;
       this.direction = this.words.length ? this.words[0].direction : "across";
       this.restore();
@@ -244,6 +260,7 @@
       } else if (this.puzzle.entries) {
         this.entries = this.puzzle.entries.slice();
       }
+      this.started = this.seconds > 0 || this.entries.some((e) => e !== "");
     }
 
     save() {
@@ -261,7 +278,10 @@
     build() {
       const grid = $("grid");
       grid.replaceChildren();
-      grid.style.setProperty("--size", this.size);
+      // A tap anywhere in the grid, black squares too, keeps the focus (and a phone's
+      // keyboard) where it is.
+      grid.onmousedown = (e) => e.preventDefault();
+      $("grid-frame").style.setProperty("--size", this.size);  // the box around the grid sizes by it too
       this.cellElements = [];
       const numbers = new Map(this.words.map((w) => [w.cells[0], w.number]));
       for (let r = 1; r <= this.size; r++) {
@@ -277,6 +297,7 @@
           cell.id = "cell-" + c + "-" + r;
           if (!this.isWhite(i)) {
             cell.className = "cell block";
+            cell.addEventListener("click", () => this.focusEntry());
             cell.setAttribute("aria-label", "Black square, row " + r + ", column " + c);
           } else {
             cell.className = "cell";
@@ -303,7 +324,11 @@
           text.textContent = this.puzzle.clues.get(word.key) || "";
           item.append(number, text);
           item.tabIndex = -1;
-          item.addEventListener("click", () => this.goToWord(word));
+          item.addEventListener("mousedown", (e) => e.preventDefault());
+          item.addEventListener("click", () => {
+            this.goToWord(word);
+            this.bringGridIntoView();
+          });
           list.appendChild(item);
           this.clueElements.set(word.key, item);
         }
@@ -367,6 +392,43 @@
       this.cursor = i;
       this.direction = direction;
       this.highlight();
+      this.revealCursor();
+    }
+
+    // The height the clue bar takes at the top of the window when it sticks there (phones).
+    stickyBarHeight() {
+      const bar = $("clue-bar");
+      return getComputedStyle(bar).position === "sticky" ? bar.offsetHeight : 0;
+    }
+
+    viewHeight() { return window.visualViewport ? window.visualViewport.height : window.innerHeight; }
+
+    // Scrolls just enough that the cursor's square is on the screen: inside a grid wider
+    // than the screen, below the sticky clue bar, above a phone's keyboard.
+    revealCursor() {
+      const cell = this.cellElements[this.cursor];
+      const frame = $("grid-frame");
+      const f = frame.getBoundingClientRect();
+      let c = cell.getBoundingClientRect();
+      if (c.left < f.left) frame.scrollLeft -= f.left - c.left + c.width;
+      else if (c.right > f.right) frame.scrollLeft += c.right - f.right + c.width;
+      c = cell.getBoundingClientRect();
+      const top = this.stickyBarHeight() + 4;
+      const bottom = this.viewHeight() - 4;
+      if (c.top < top) window.scrollBy(0, c.top - top);
+      else if (c.bottom > bottom) window.scrollBy(0, Math.min(c.bottom - bottom, c.top - top));
+    }
+
+    // After a clue was picked from the list with the grid scrolled away (a phone, in the
+    // lists under the grid): the grid back in view from its top when the cursor's row then
+    // fits on the screen, else with the cursor's row just under the bar.
+    bringGridIntoView() {
+      const grid = $("grid").getBoundingClientRect();
+      const cell = this.cellElements[this.cursor].getBoundingClientRect();
+      const top = this.stickyBarHeight() + 4;
+      if (grid.top >= top) return;
+      const shift = cell.bottom - grid.top + top <= this.viewHeight() ? grid.top - top : cell.top - top;
+      window.scrollBy(0, shift);
     }
 
     highlight() {
@@ -449,14 +511,24 @@
       this.focusEntry();
     }
 
-    nextWord(step) {
-      const word = this.currentWord();
+    // The word `step` words on in clue-list order (across, then down), round the end.
+    wordAfter(step) {
       const ordered = this.words.filter((w) => w.direction === "across")
         .concat(this.words.filter((w) => w.direction === "down"));
-      if (!ordered.length) return;
-      const at = ordered.indexOf(word);
-      const next = ordered[(at + step + ordered.length) % ordered.length];
-      this.goToWord(next);
+      if (!ordered.length) return null;
+      const at = ordered.indexOf(this.currentWord());
+      return ordered[(at + step + ordered.length) % ordered.length];
+    }
+
+    nextWord(step) {
+      const next = this.wordAfter(step);
+      if (next) this.goToWord(next);
+    }
+
+    // Home and End: the first or the last square of the word.
+    wordEnd(last) {
+      const word = this.currentWord();
+      if (word) this.select(word.cells[last ? word.cells.length - 1 : 0], this.direction);
     }
 
     // Moves over black squares to the next white one in the line; stays at the edge.
@@ -487,25 +559,44 @@
       this.paintSquare(i);
     }
 
+    // A revealed square is the answer, given: it takes no other letter.
+    isLocked(i) { return this.revealed.has(i); }
+
     type(letter) {
       if (this.paused) return;
-      this.setEntry(this.cursor, letter);
+      this.started = true;
+      if (!this.isLocked(this.cursor)) this.setEntry(this.cursor, letter);
       const word = this.currentWord();
       if (word) {
         const at = word.cells.indexOf(this.cursor);
+        // After the last square the next word, so that no letter overwrites the last one.
         if (at + 1 < word.cells.length) this.select(word.cells[at + 1], this.direction);
-        else this.highlight();
+        else this.nextWord(1);
       }
       this.changed();
     }
 
+    // Clears the square's letter; on an empty square, goes back one first, from a word's
+    // first square into the end of the word before it.
     backspace() {
       if (this.paused) return;
-      if (!this.entries[this.cursor]) {
+      if (!this.entries[this.cursor] || this.isLocked(this.cursor)) {
         const word = this.currentWord();
         const at = word ? word.cells.indexOf(this.cursor) : -1;
-        if (at > 0) this.select(word.cells[at - 1], this.direction);
+        if (at > 0) {
+          this.select(word.cells[at - 1], this.direction);
+        } else {
+          const previous = this.wordAfter(-1);
+          if (previous) this.select(previous.cells[previous.cells.length - 1], previous.direction);
+        }
       }
+      if (!this.isLocked(this.cursor)) this.setEntry(this.cursor, "");
+      this.highlight();
+      this.changed();
+    }
+
+    deleteLetter() {
+      if (this.paused || this.isLocked(this.cursor)) return;
       this.setEntry(this.cursor, "");
       this.highlight();
       this.changed();
@@ -528,7 +619,9 @@
       else if (key === "ArrowUp") this.move(0, -1);
       else if (key === "Tab") this.nextWord(event.shiftKey ? -1 : 1);
       else if (key === "Backspace") this.backspace();
-      else if (key === "Delete") { this.setEntry(this.cursor, ""); this.highlight(); this.changed(); }
+      else if (key === "Delete") this.deleteLetter();
+      else if (key === "Home") this.wordEnd(false);
+      else if (key === "End") this.wordEnd(true);
       else if (key === " ") this.toggleDirection();
       else if (key === "Enter") this.nextWord(1);
       else if (key === "Escape") { $("entry").blur(); document.querySelector(".toolbar button").focus(); }
@@ -564,7 +657,7 @@
 
     isRight(i) {
       const answer = this.puzzle.solution[i];
-      return this.entries[i] !== "" && (answer === "" || this.entries[i] === answer);
+      return this.entries[i] !== "" && this.entries[i] === answer;
     }
 
     check(scope) {
@@ -592,6 +685,23 @@
       }
       this.highlight();
       this.changed();
+    }
+
+    // Starts again: no letters, reveals or marks, and the clock back at nought.
+    clear() {
+      this.entries = this.entries.map(() => "");
+      this.revealed.clear();
+      this.wrong.clear();
+      this.seconds = 0;
+      this.started = false;
+      this.solved = false;
+      document.body.classList.remove("solved");
+      for (let i = 0; i < this.entries.length; i++) this.paintSquare(i);
+      this.announce("");
+      this.setPaused(false);
+      if (this.words.length) this.goToWord(this.words[0]);
+      this.save();
+      this.showClock();
     }
 
     // ---- clock, completion, status
@@ -624,7 +734,7 @@
     showClock() { $("clock").textContent = formatTime(this.seconds); }
 
     tick() {
-      if (this.paused || this.solved || document.hidden) return;
+      if (this.paused || this.solved || !this.started || document.hidden) return;
       this.seconds++;
       this.showClock();
       this.save();
@@ -636,6 +746,7 @@
       button.textContent = paused ? "Resume" : "Pause";
       button.setAttribute("aria-pressed", String(paused));
       $("paused-cover").hidden = !paused;
+      document.body.classList.toggle("paused", paused);
       $("grid").classList.toggle("hidden-letters", paused);
       if (!paused) this.focusEntry();
     }
@@ -669,6 +780,37 @@
         game.focusEntry();
       });
     }
+    for (const [id, step] of [["previous-clue", -1], ["next-clue", 1]]) {
+      $(id).addEventListener("mousedown", (e) => e.preventDefault());  // the keyboard stays up
+      $(id).addEventListener("click", () => {
+        if (!game || game.paused) return;
+        game.nextWord(step);
+      });
+    }
+    const dialog = $("clear-dialog");
+    $("clear-button").addEventListener("click", () => {
+      if (!game) return;
+      dialog.returnValue = "";
+      dialog.showModal();
+    });
+    dialog.addEventListener("close", () => {
+      if (!game) return;
+      if (dialog.returnValue === "clear") game.clear();
+      game.focusEntry();
+    });
+    // Typing goes to the grid while a puzzle is shown, wherever the focus was left (after
+    // Esc, or a click beside the grid); the keys that work a focused control stay its own.
+    const gridKeys = new Set(["Backspace", "Delete", "Home", "End", "ArrowLeft", "ArrowRight", "ArrowUp",
+                              "ArrowDown"]);
+    document.addEventListener("keydown", (e) => {
+      if (!game || $("player").hidden || e.target === $("entry") || dialog.open) return;
+      if (e.ctrlKey || e.metaKey || e.altKey) return;
+      if (e.key.length !== 1 && !gridKeys.has(e.key)) return;
+      const control = e.target instanceof Element && e.target.closest("button, input, select, textarea, a, summary");
+      if (control && (e.key === " " || (control.tagName === "INPUT" && control.type !== "file"))) return;
+      game.focusEntry();
+      game.keyDown(e);
+    });
     window.addEventListener("resize", () => game && game.highlight());
   }
 
@@ -680,7 +822,7 @@
       } catch (e) {
         if (!(e instanceof CorruptPuzzle)) throw e;
         // Like the program, keep the puzzle in hand when another file cannot be read.
-        $("load-error").textContent = CORRUPT;
+        $("load-error").textContent = e.message;
       }
     };
     reader.onerror = () => { $("load-error").textContent = CORRUPT; };
@@ -709,6 +851,14 @@
 
   wirePlayer();
   const data = JSON.parse($("puzzle-data").textContent);
-  if (data === null) wireLoader();
-  else start(puzzleFromJson(data));
+  if (data === null) {
+    wireLoader();
+  } else {
+    try {
+      start(puzzleFromJson(data));
+    } catch (e) {
+      if (!(e instanceof CorruptPuzzle)) throw e;
+      $("load-error").textContent = e.message;
+    }
+  }
 })();

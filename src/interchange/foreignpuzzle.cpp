@@ -58,6 +58,16 @@ uint8_t squareLetter(const QString &value, int column, int row)
     return uint8_t(code);
 }
 
+// Text cut to `limit` bytes at the last space that fits, so no word is cut in two; a
+// single word longer than the limit is all there is to cut.
+QByteArray cutAtWord(const QByteArray &text, int limit)
+{
+    if (text.size() <= limit)
+        return text;
+    const qsizetype space = text.left(limit + 1).lastIndexOf(' ');
+    return space > 0 ? text.left(space).trimmed() : text.left(limit);
+}
+
 // The first grid language whose letters hold every letter of the grid.
 uint8_t languageFor(const TPuzzle &p)
 {
@@ -106,12 +116,9 @@ TImportedPuzzle ToQuillmark(const TForeignPuzzle &f, const TImportOptions &optio
         throw TInterchangeError(QStringLiteral("The grid is %1 x %1 squares. A Quillmark puzzle is 11, 13, 15, 17, "
                                                "19, 21 or 23 squares a side.")
                                     .arg(f.Width));
-    for (int r = 1; r <= f.Height; ++r)
-        for (int c = 1; c <= f.Width; ++c)
-            if (f.at(c, r).Circled)
-                throw TInterchangeError(QStringLiteral("The square at %1 is circled. A Quillmark grid cannot show "
-                                                       "circles, so the puzzle would lose its theme.")
-                                            .arg(squareName(c, r)));
+    const auto circled = std::count_if(f.Squares.begin(), f.Squares.end(), [](const TForeignSquare &s) {
+        return s.Circled && !s.Block;
+    });
 
     TImportedPuzzle result;
     TPuzzle &p = result.Puzzle;
@@ -154,13 +161,13 @@ TImportedPuzzle ToQuillmark(const TForeignPuzzle &f, const TImportOptions &optio
         if (bytes.size() > MaxClueLength)
             tooLong.append(wordName(w.Number, w.Dir));
         p.setSlotAt(w.Column, w.Row, w.Dir, uint16_t(w.Index));
-        p.setClue(w.Index, bytes.left(MaxClueLength));
+        p.setClue(w.Index, cutAtWord(bytes, MaxClueLength));
     }
     // No author is the byline "--": nothing is printed, not "a Quillmark puzzle".
     const QByteArray author = f.Author.trimmed().isEmpty() ? QByteArray("--")
                                                            : toRecordText(f.Author.trimmed(), QStringLiteral("The author"));
     const bool longAuthor = author.size() > MaxBylineLength;
-    p.Byline.setText(author.left(MaxBylineLength));
+    p.Byline.setText(cutAtWord(author, MaxBylineLength));
 
     if ((!tooLong.isEmpty() || longAuthor) && !options.CutLongText) {
         QStringList parts;
@@ -180,7 +187,16 @@ TImportedPuzzle ToQuillmark(const TForeignPuzzle &f, const TImportOptions &optio
     if (longAuthor)
         result.Warnings.append(QStringLiteral("The author was cut to 60 characters."));
 
-    result.Title = f.Title.trimmed();
+    result.Title = f.Title.simplified();
+    if (!result.Title.isEmpty())
+        result.Warnings.append(QStringLiteral("The title (%1) is not kept in the puzzle; it is the name offered "
+                                              "for the puzzle's file.")
+                                   .arg(result.Title));
+    if (circled > 0)
+        result.Warnings.append(QStringLiteral("%1 %2 lose their circles, which a Quillmark grid cannot show. "
+                                              "The theme may depend on them: note where they were.")
+                                   .arg(circled)
+                                   .arg(circled == 1 ? QStringLiteral("square") : QStringLiteral("squares")));
     if (!f.Copyright.trimmed().isEmpty())
         result.Warnings.append(QStringLiteral("The copyright line is not kept: %1").arg(f.Copyright.trimmed()));
     if (!f.Notes.trimmed().isEmpty())

@@ -56,11 +56,11 @@ TImportedPuzzle ImportPuzzleFile(const QString &path, const TImportOptions &opti
     return imported;
 }
 
-QByteArray ExportPuzzle(const TPuzzle &p, TFileKind kind, const QString &title)
+QByteArray ExportPuzzle(const TPuzzle &p, TFileKind kind, const QString &title, QStringList *warnings)
 {
     switch (kind) {
     case TFileKind::Puz:
-        return WritePuz(FromQuillmark(p, title));
+        return WritePuz(FromQuillmark(p, title), warnings);
     case TFileKind::Ipuz:
         return WriteIpuz(FromQuillmark(p, title));
     default:

@@ -20,8 +20,9 @@ TImportedPuzzle ImportPuzzle(const QByteArray &bytes, TFileKind kind, const TImp
 TImportedPuzzle ImportPuzzleFile(const QString &path, const TImportOptions &options = {});
 
 // The puzzle as a .puz or .ipuz file titled `title`; throws TInterchangeError when the
-// format cannot hold it (an unfinished grid for .puz).
-QByteArray ExportPuzzle(const TPuzzle &p, TFileKind kind, const QString &title);
+// format cannot hold it (an unfinished grid for .puz). What the file could not keep as it
+// was is added to `warnings`.
+QByteArray ExportPuzzle(const TPuzzle &p, TFileKind kind, const QString &title, QStringList *warnings = nullptr);
 
 // The title a puzzle carries when written: its file's name without folder or extension.
 QString TitleFromPath(const QString &path);

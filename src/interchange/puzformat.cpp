@@ -2,8 +2,12 @@
 
 #include "model/cp1252.h"
 
+#include <QHash>
 #include <QMap>
 
+#include <algorithm>
+
+#include <array>
 #include <functional>
 #include <optional>
 
@@ -17,6 +21,7 @@ constexpr int VersionOffset = 0x18;
 constexpr int CibOffset = 0x2C;  // width, height, clue count, bitmask, scrambled tag
 constexpr int CibSize = 8;
 constexpr int ScrambledOffset = 0x32;
+constexpr int ScrambledChecksumOffset = 0x1E;  // of the answers before they were locked
 const QByteArray Magic("ACROSS&DOWN\0", 12);
 const QByteArray MaskWord("ICHEATED");
 
@@ -167,7 +172,91 @@ void readSections(TCursor &in, TForeignPuzzle &f, const std::function<QString(co
         f.Notices.prepend(fileDamaged());
 }
 
+// Locking (Across Lite's "scramble") works on the answer letters read column by column,
+// black squares left out: four rounds, one a digit of the key, each shifting every letter
+// on by the key's digits in turn, rotating the letters left by the round's digit, and
+// interleaving the second half with the first. Undone here in reverse.
+QByteArray unscrambled(QByteArray s, const std::array<int, 4> &key)
+{
+    const int n = int(s.size());
+    QByteArray t(n, '\0');
+    for (int round = 3; round >= 0; --round) {
+        // interleaved: t = s[1::2] + s[::2]
+        int k = 0;
+        for (int i = 1; i < n; i += 2)
+            t[k++] = s[i];
+        for (int i = 0; i < n; i += 2)
+            t[k++] = s[i];
+        // rotated right by the digit
+        const int d = key[round] % n;
+        for (int i = 0; i < n; ++i)
+            s[(i + d) % n] = t[i];
+        for (int i = 0; i < n; ++i)
+            s[i] = char('A' + (s[i] - 'A' - key[i % 4] + 26 * 10) % 26);
+    }
+    return s;
+}
+
+struct TUnlocked {
+    QList<int> Keys;     // every key whose answers match the stored check, lowest first
+    QByteArray Answers;  // the solution grid unlocked with the first of them
+};
+
+// Tries the 10,000 four-digit keys against the checksum of the unlocked letters.
+TUnlocked unlockAnswers(const QByteArray &solution, int width, int height, uint16_t check)
+{
+    QByteArray letters;
+    QList<int> at;  // where each letter stands in the solution grid
+    for (int c = 0; c < width; ++c)
+        for (int r = 0; r < height; ++r) {
+            const int i = r * width + c;
+            const char s = solution[i];
+            if (s == '.' || s == ':')
+                continue;
+            if (s < 'A' || s > 'Z')
+                return {};  // only the letters A to Z are ever locked
+            letters.append(s);
+            at.append(i);
+        }
+    TUnlocked result;
+    if (letters.size() < 12)
+        return result;
+    for (int key = 0; key < 10000; ++key) {
+        const QByteArray letters2 = unscrambled(letters, {key / 1000, key / 100 % 10, key / 10 % 10, key % 10});
+        if (PuzChecksum(letters2) != check)
+            continue;
+        if (result.Keys.isEmpty()) {
+            result.Answers = solution;
+            for (int k = 0; k < at.size(); ++k)
+                result.Answers[at[k]] = letters2[k];
+        }
+        result.Keys.append(key);
+    }
+    return result;
+}
+
 }  // namespace
+
+QString PlainLatin1(const QString &text)
+{
+    static const QHash<char16_t, QString> plain = {
+        {u'\u2018', "'"}, {u'\u2019', "'"}, {u'\u201A', "'"}, {u'\u201C', "\""}, {u'\u201D', "\""},
+        {u'\u201E', "\""}, {u'\u2013', "-"}, {u'\u2014', "-"}, {u'\u2026', "..."}, {u'\u2022', "*"},
+        {u'\u20AC', "EUR"}, {u'\u2122', "(TM)"}, {u'\u0152', "OE"}, {u'\u0153', "oe"}, {u'\u0160', "S"},
+        {u'\u0161', "s"}, {u'\u0178', "Y"}, {u'\u017D', "Z"}, {u'\u017E', "z"}, {u'\u0192', "f"},
+        {u'\u2039', "<"}, {u'\u203A', ">"}, {u'\u02C6', "^"}, {u'\u02DC', "~"}, {u'\u2020', "+"},
+        {u'\u2021', "+"}, {u'\u2030', "%"},
+    };
+    QString out;
+    out.reserve(text.size());
+    for (const QChar ch : text) {
+        if (ch.unicode() <= 0xFF && !(ch.unicode() >= 0x80 && ch.unicode() < 0xA0))
+            out += ch;
+        else
+            out += plain.value(ch.unicode(), QStringLiteral("?"));
+    }
+    return out;
+}
 
 uint16_t PuzChecksum(const QByteArray &bytes, uint16_t start)
 {
@@ -179,15 +268,18 @@ uint16_t PuzChecksum(const QByteArray &bytes, uint16_t start)
     return c;
 }
 
-TForeignPuzzle ReadPuz(const QByteArray &bytes)
+TForeignPuzzle ReadPuz(const QByteArray &file)
 {
+    // Some publishers put a preamble before the header, which begins two bytes before its mark.
+    const qsizetype mark = file.indexOf(Magic);
+    if (mark < MagicOffset)
+        throw TInterchangeError(file.size() < HeaderSize
+                                    ? QStringLiteral("The file is too short to be an Across Lite puzzle (.puz).")
+                                    : QStringLiteral("The file is not an Across Lite puzzle (.puz): it lacks the "
+                                                     "ACROSS&DOWN mark."));
+    const QByteArray bytes = file.mid(mark - MagicOffset);
     if (bytes.size() < HeaderSize)
-        throw TInterchangeError(bytes.mid(MagicOffset, Magic.size()) == Magic
-                                    ? cutShort()
-                                    : QStringLiteral("The file is too short to be an Across Lite puzzle (.puz)."));
-    if (bytes.mid(MagicOffset, Magic.size()) != Magic)
-        throw TInterchangeError(QStringLiteral("The file is not an Across Lite puzzle (.puz): it lacks the "
-                                               "ACROSS&DOWN mark."));
+        throw TInterchangeError(cutShort());
     TPuzParts parts;
     parts.Header = bytes.left(HeaderSize);
     TForeignPuzzle f;
@@ -196,9 +288,7 @@ TForeignPuzzle ReadPuz(const QByteArray &bytes)
     const int clueCount = u16(bytes, CibOffset + 2);
     if (f.Width == 0 || f.Height == 0)
         throw TInterchangeError(QStringLiteral("The Across Lite file has a grid of no squares."));
-    if (u16(bytes, ScrambledOffset) != 0)
-        throw TInterchangeError(QStringLiteral("The puzzle's answers are locked (scrambled). Unlock it in the program "
-                                               "that made it, then open it again."));
+    const bool locked = u16(bytes, ScrambledOffset) != 0;
 
     const QByteArray version = bytes.mid(VersionOffset, 4).split('\0').front();
     const bool utf8 = version.startsWith("2.");
@@ -230,9 +320,25 @@ TForeignPuzzle ReadPuz(const QByteArray &bytes)
     // Some writers leave out the notes altogether; that loses nothing.
     parts.Notes = in.string().value_or(QByteArray());
 
+    QByteArray answers = parts.Solution;
+    if (locked) {
+        const TUnlocked unlocked = unlockAnswers(parts.Solution, f.Width, f.Height, u16(bytes, ScrambledChecksumOffset));
+        if (unlocked.Keys.isEmpty())
+            throw TInterchangeError(QStringLiteral("The puzzle's answers are locked (scrambled), and no four-digit key "
+                                                   "unlocks them. Unlock it in the program that made it, then open it "
+                                                   "again."));
+        answers = unlocked.Answers;
+        f.Notices.append(unlocked.Keys.size() == 1
+                             ? QStringLiteral("The puzzle's answers were locked; they were unlocked with the key %1.")
+                                   .arg(unlocked.Keys.front(), 4, 10, QChar(u'0'))
+                             : QStringLiteral("The puzzle's answers were locked; %1 keys fit its check, and the first, "
+                                              "%2, unlocked them. Check the answers before you rely on them.")
+                                   .arg(unlocked.Keys.size())
+                                   .arg(unlocked.Keys.front(), 4, 10, QChar(u'0')));
+    }
     for (int i = 0; i < squares; ++i) {
         TForeignSquare square;
-        const char s = parts.Solution[i];
+        const char s = answers[i];
         const char e = parts.Fill[i];
         square.Block = s == '.' || s == ':';
         if (!square.Block) {
@@ -263,7 +369,7 @@ TForeignPuzzle ReadPuz(const QByteArray &bytes)
     return f;
 }
 
-QByteArray WritePuz(const TForeignPuzzle &f)
+QByteArray WritePuz(const TForeignPuzzle &f, QStringList *warnings)
 {
     int missing = 0;
     for (const TForeignSquare &square : f.Squares)
@@ -280,13 +386,41 @@ QByteArray WritePuz(const TForeignPuzzle &f)
     QStringList texts = {f.Title, f.Author, f.Copyright, f.Notes};
     for (const TForeignWord &w : words)
         texts.append((w.Dir == Direction::Across ? f.Across : f.Down).value(w.Number));
-    bool latin1 = true;
-    for (const QString &text : std::as_const(texts)) {
+    for (const QString &text : std::as_const(texts))
         if (text.contains(QChar(0)))
             throw TInterchangeError(QStringLiteral("A clue or title holds a NUL character, which an Across Lite file "
                                                    "cannot hold."));
-        for (const QChar ch : text)
-            latin1 = latin1 && ch.unicode() <= 0xFF && !(ch.unicode() >= 0x80 && ch.unicode() < 0xA0);
+    const auto isLatin1 = [](QChar ch) { return ch.unicode() <= 0xFF && !(ch.unicode() >= 0x80 && ch.unicode() < 0xA0); };
+    bool latin1 = true;
+    for (const QString &text : std::as_const(texts))
+        latin1 = latin1 && std::all_of(text.begin(), text.end(), isLatin1);
+    // Version 2.0 makes the text UTF-8 but leaves the grid a byte a square, so readers take
+    // a grid letter beyond ASCII there for broken UTF-8. Such a grid keeps version 1.3, and
+    // the text what Latin-1 holds.
+    const bool asciiGrid = std::all_of(f.Squares.begin(), f.Squares.end(), [](const TForeignSquare &square) {
+        return std::all_of(square.Solution.begin(), square.Solution.end(), [](QChar ch) { return ch.unicode() < 0x80; }) &&
+               std::all_of(square.Entry.begin(), square.Entry.end(), [](QChar ch) { return ch.unicode() < 0x80; });
+    });
+    if (!latin1 && !asciiGrid) {
+        QStringList changed;
+        for (int i = 0; i < texts.size(); ++i) {
+            const QString plain = PlainLatin1(texts[i]);
+            if (plain == texts[i])
+                continue;
+            texts[i] = plain;
+            static const QStringList names = {QStringLiteral("the title"), QStringLiteral("the author"),
+                                              QStringLiteral("the copyright line"), QStringLiteral("the notes")};
+            changed.append(i < 4 ? names[i]
+                                 : QStringLiteral("%1 %2").arg(words[i - 4].Number).arg(words[i - 4].Dir == Direction::Across
+                                                                                            ? QStringLiteral("Across")
+                                                                                            : QStringLiteral("Down")));
+        }
+        latin1 = true;
+        if (warnings)
+            warnings->append(QStringLiteral("The grid has letters beyond A to Z, which an Across Lite file holds only "
+                                            "in its Latin-1 version, so curly quotes, dashes and other characters "
+                                            "Latin-1 lacks were written in their plain forms in %1.")
+                                 .arg(changed.join(QStringLiteral(", "))));
     }
     const auto encode = [latin1](const QString &s) { return latin1 ? s.toLatin1() : s.toUtf8(); };
 
@@ -303,10 +437,10 @@ QByteArray WritePuz(const TForeignPuzzle &f)
         parts.Solution.append(square.Block ? '.' : byteOf(square.Solution));
         parts.Fill.append(square.Block ? '.' : square.Entry.isEmpty() ? '-' : byteOf(square.Entry));
     }
-    parts.Title = encode(f.Title);
-    parts.Author = encode(f.Author);
-    parts.Copyright = encode(f.Copyright);
-    parts.Notes = encode(f.Notes);
+    parts.Title = encode(texts[0]);
+    parts.Author = encode(texts[1]);
+    parts.Copyright = encode(texts[2]);
+    parts.Notes = encode(texts[3]);
     for (int i = 4; i < texts.size(); ++i)
         parts.Clues.append(encode(texts[i]));
 

@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace {
 
@@ -82,7 +83,8 @@ std::optional<TFileChoice> TPuzzleSession::chooseSaveName(const QString &title, 
     request.Kind = TFileRequest::Save;
     request.Title = title;
     request.Filter = filter;
-    request.FileName = QStringLiteral("untitled.xwd");
+    request.FileName = CurrentPuzzlePath.isEmpty() && !suggestedName_.isEmpty() ? suggestedName_ + QStringLiteral(".xwd")
+                                                                                 : QStringLiteral("untitled.xwd");
     request.DefaultExtension = QStringLiteral("xwd");
     request.Directory = QDir::currentPath();
     auto choice = prompts_->ChooseFile(request);
@@ -118,6 +120,7 @@ void TPuzzleSession::becomeOpen(const QString &path, uint8_t mode, const QString
     CurrentPuzzlePath = path;
     PuzzleMode = mode;
     untitledName_ = untitledName;
+    suggestedName_.clear();
     open_ = true;
     history_.Clear();
     // A puzzle with no file yet is changed whatever is undone.
@@ -205,6 +208,9 @@ bool TPuzzleSession::Import(const QString &path, bool solving)
     // No .xwd file yet: Save asks for one, and leaving asks before anything is lost.
     PuzzleChanged = true;
     becomeOpen({}, solving ? SolveMode : ConstructMode, QFileInfo(path).completeBaseName().toUpper());
+    // The file's title is the name the first Save offers, less what file names cannot hold.
+    static const QRegularExpression unsafe(QStringLiteral(R"([/\\:*?"<>|\x00-\x1f]+)"));
+    suggestedName_ = imported.Title.replace(unsafe, QStringLiteral(" ")).simplified();
     if (!imported.Warnings.isEmpty() && prompts_)
         prompts_->Inform(QStringLiteral("%1 was opened, but:\n\n%2")
                              .arg(QFileInfo(path).fileName(), imported.Warnings.join(QStringLiteral("\n\n"))));

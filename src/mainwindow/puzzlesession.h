@@ -186,6 +186,8 @@ private:
     TUndoHistory history_;
     bool open_ = false;
     QString untitledName_;
+    // The name Save As offers a puzzle with no file yet: an imported puzzle's title.
+    QString suggestedName_;
 };
 
 // The program's one session (the one puzzle has one owner).

@@ -149,6 +149,26 @@ QString HtmlEscaped(const QString &text)
     return out;
 }
 
+QString UnfinishedPuzzleMessage(const TPuzzle &p)
+{
+    QStringList squares;
+    for (int r = 1; r <= p.Size; ++r)
+        for (int c = 1; c <= p.Size; ++c)
+            if (const uint8_t cell = p.Cells(c, r); cell == 0 || cell == OpenChar)
+                squares.append(QStringLiteral("row %1, column %2").arg(r).arg(c));
+    if (squares.isEmpty())
+        return {};
+    constexpr int Named = 6;
+    QString where = squares.mid(0, Named).join(QStringLiteral("; "));
+    if (squares.size() > Named)
+        where += QStringLiteral("; and %1 more").arg(squares.size() - Named);
+    return QStringLiteral("The puzzle is not finished: %1 %2 no letter (%3). A web page checks the solver's letters "
+                          "against the answers, so every square needs its letter first.")
+        .arg(squares.size())
+        .arg(squares.size() == 1 ? QStringLiteral("square has") : QStringLiteral("squares have"))
+        .arg(where);
+}
+
 QByteArray WebPuzzleJson(const TPuzzle &p, const QString &title)
 {
     const QJsonObject puzzle{

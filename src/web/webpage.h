@@ -13,6 +13,10 @@
 // not give them away.
 QByteArray WebPuzzleJson(const TPuzzle &p, const QString &title);
 
+// Why the puzzle cannot be published yet: the squares that have no letter (empty or left
+// open), which a solver could fill with anything; empty when every square has its letter.
+QString UnfinishedPuzzleMessage(const TPuzzle &p);
+
 // One self-contained page (UTF-8 HTML) for solving the puzzle.
 QByteArray WebPage(const TPuzzle &p, const QString &title);
 // The same page without a puzzle: the solver opens a .xwd file in it.

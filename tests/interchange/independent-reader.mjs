@@ -4,10 +4,13 @@
 // clues, author, title). The .puz checksums are checked here as well, from the format's
 // public description, since neither library checks them.
 //
-// Usage: node independent-reader.mjs QUILLMARK_CLI EXAMPLES_DIR
+// A German grid (capitals beyond ASCII) with curly quotes and dashes in its clues is read
+// back too: the grid must stay one byte a square, which only the Latin-1 version keeps.
+//
+// Usage: node independent-reader.mjs QUILLMARK_CLI EXAMPLES_DIR TEST_DATA_DIR
 
 import { execFileSync } from 'node:child_process';
-import { existsSync, mkdtempSync, readdirSync, readFileSync, rmSync } from 'node:fs';
+import { existsSync, mkdtempSync, readdirSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { basename, dirname, join } from 'node:path';
 import { fileURLToPath } from 'node:url';
@@ -21,7 +24,7 @@ if (!existsSync(join(here, 'node_modules', '@xwordly', 'xword-parser')) ||
 const { parse } = await import('@xwordly/xword-parser');
 const { PuzCrossword } = await import('@confuzzle/puz-crossword');
 
-const [cli, examples] = process.argv.slice(2);
+const [cli, examples, testData] = process.argv.slice(2);
 const scratch = mkdtempSync(join(tmpdir(), 'quillmark-interchange-'));
 let passed = 0;
 let failed = 0;
@@ -150,6 +153,23 @@ try {
       compare(puzzle, expected, basename(out), basename(file, '.xwd'));
     }
   }
+
+  // fifteen.txt is French; with Ä for É it is German, and its clues keep their “curly” quotes.
+  const german = readFileSync(join(testData, 'fifteen.txt'), 'utf8')
+    .replace(/^language 1$/m, 'language 4')
+    .replace(/^([A-Z#É]{15})$/gm, (row) => row.replaceAll('É', 'Ä'));
+  writeFileSync(join(scratch, 'german.txt'), german);
+  execFileSync(cli, ['import', join(scratch, 'german.txt'), join(scratch, 'german.xwd')]);
+  const expected = textForm(join(scratch, 'german.xwd'));
+  check(expected.grid.some((row) => row.includes('Ä')), 'german.txt: the grid has an Ä');
+  execFileSync(cli, ['convert', join(scratch, 'german.xwd'), join(scratch, 'german.puz')], { stdio: 'pipe' });
+  const bytes = readFileSync(join(scratch, 'german.puz'));
+  checkPuzChecksums(bytes, 'german.puz');
+  check(bytes.subarray(0x18, 0x1b).toString('latin1') === '1.3', 'german.puz: version 1.3 (Latin-1)');
+  const plain = (text) => text.replace(/[‘’‚]/g, "'").replace(/[“”„]/g, '"').replace(/[–—]/g, '-');
+  for (const [key, text] of expected.clues) expected.clues.set(key, plain(text));
+  expected.byline = plain(expected.byline);
+  compare(readPuz(bytes), expected, 'german.puz', 'german');
 } finally {
   rmSync(scratch, { recursive: true, force: true });
 }

@@ -126,7 +126,7 @@ class Browser:
         self.click_at(box[0], box[1])
 
     KEYS = {"Tab": 9, "Backspace": 8, "ArrowRight": 39, "ArrowLeft": 37, "ArrowDown": 40,
-            "ArrowUp": 38, "Escape": 27, "Enter": 13, "Delete": 46, " ": 32}
+            "ArrowUp": 38, "Escape": 27, "Enter": 13, "Delete": 46, " ": 32, "Home": 36, "End": 35}
 
     def key(self, key, shift=False):
         params = {"type": "keyDown", "key": key, "modifiers": 8 if shift else 0}
@@ -214,6 +214,10 @@ def current_square(browser):
                         " return [Number(c.dataset.column), Number(c.dataset.row)]; })()")
 
 
+def active_across(browser):
+    return browser.eval("(document.querySelector('#across-list li.active .clue-number') || {}).textContent")
+
+
 def exported_page(browser, work, info, checks, shots):
     words = info["entries"]
     browser.navigate("file://" + os.path.join(work, "fifteen.html"))
@@ -240,13 +244,30 @@ def exported_page(browser, work, info, checks, shots):
                  first["answer"])
     checks.equal("number not in the square's text", cell_text(browser, 1, 1), first["answer"][0])
 
+    # Past a word's last square the cursor goes on to the next word, so the last letter
+    # stays; Backspace from a word's first square goes back into the word before.
+    length = len(first["answer"])
+    second = [w for w in words if w["direction"] == "across"][1]
+    checks.equal("past the end, the next word", active_across(browser), str(second["number"]))
+    browser.type("x")
+    checks.equal("the last letter is not overwritten", cell_text(browser, length, 1), first["answer"][-1])
+    checks.equal("the letter went to the next word", cell_text(browser, second["column"], second["row"]), "X")
+    browser.key("Backspace")
+    browser.key("Backspace")
+    checks.equal("Backspace goes back into the word before", current_square(browser), [length, 1])
+    checks.equal("and clears its last letter", cell_text(browser, length, 1), "")
+    browser.key("Home")
+    checks.equal("Home goes to the word's start", current_square(browser), [1, 1])
+    browser.key("End")
+    checks.equal("End goes to the word's end", current_square(browser), [length, 1])
+    browser.type(first["answer"][-1].lower())
+
     # Tab and Shift+Tab go from word to word; the arrows move the cursor.
-    browser.key("Tab")
-    checks.equal("Tab goes to the next across clue",
-                 browser.eval("document.querySelector('#across-list li.active .clue-number').textContent"),
-                 str([w for w in words if w["direction"] == "across"][1]["number"]))
     browser.key("Tab", shift=True)
     checks.equal("Shift+Tab comes back", current_square(browser), [1, 1])
+    browser.key("Tab")
+    checks.equal("Tab goes to the next across clue", active_across(browser), str(second["number"]))
+    browser.key("Tab", shift=True)
     browser.key("ArrowDown")
     browser.key("ArrowDown")
     checks.equal("the first arrow down turns, the second moves", current_square(browser), [1, 2])
@@ -259,7 +280,10 @@ def exported_page(browser, work, info, checks, shots):
     browser.key("ArrowRight")
     browser.key("é")
     checks.equal("accented capital", cell_text(browser, 3, 3), "É")
+    grid_top = "document.getElementById('grid').getBoundingClientRect().top + scrollY"
+    top_before = browser.eval(grid_top)
     browser.click('button[data-action="check"][data-scope="puzzle"]')
+    checks.equal("a status message leaves the grid where it was", browser.eval(grid_top), top_before)
     checks.equal("wrong squares", browser.eval(
         "Array.from(document.querySelectorAll('#grid .wrong')).map(c => c.dataset.column + ',' + c.dataset.row)"),
         ["1,3"] if accented["answer"][0] != "Q" else [])
@@ -271,6 +295,8 @@ def exported_page(browser, work, info, checks, shots):
     time.sleep(1.5)
     checks.equal("paused clock", browser.eval("document.getElementById('clock').textContent"), paused_at)
     checks.equal("paused grid is covered", browser.eval("document.getElementById('paused-cover').hidden"), False)
+    checks.equal("paused clues are hidden",
+                 browser.eval("getComputedStyle(document.getElementById('across-list')).visibility"), "hidden")
     browser.click("#pause-button")
 
     # Reveal a square.
@@ -279,6 +305,9 @@ def exported_page(browser, work, info, checks, shots):
     checks.equal("revealed square", cell_text(browser, 15, 15), solution_at(words, 15, 15))
     checks.true("revealed square is marked",
                 browser.eval("document.querySelector(%s).classList.contains('revealed')" % json.dumps(cell(15, 15))))
+    other = "Q" if solution_at(words, 15, 15) != "Q" else "Z"
+    browser.type(other.lower())
+    checks.equal("a revealed square refuses a letter", cell_text(browser, 15, 15), solution_at(words, 15, 15))
 
     # Progress survives a reload.
     before = browser.eval("Array.from(document.querySelectorAll('#grid .cell')).map(c => c.textContent).join('')")
@@ -287,14 +316,12 @@ def exported_page(browser, work, info, checks, shots):
     checks.equal("letters after reload", after, before)
     checks.true("some letters were kept", len(after) > len(first["answer"]))
 
-    # Keyboard only: Esc leaves the grid for the tools, Tab comes back to it.
+    # Esc leaves the grid for the tools, and a letter typed there still goes to the grid.
     browser.key("Escape")
     checks.equal("Esc goes to the tools", browser.eval("document.activeElement.id"), "pause-button")
-    for _ in range(10):
-        browser.key("Tab")
-        if browser.eval("document.activeElement.id") == "entry":
-            break
-    checks.equal("Tab reaches the grid", browser.eval("document.activeElement.id"), "entry")
+    browser.type(first["answer"][0].lower())
+    checks.equal("a letter after Esc goes to the grid", browser.eval("document.activeElement.id"), "entry")
+    checks.equal("and lands in the square", current_square(browser), [2, 1])
 
     if shots:
         browser.screenshot(os.path.join(shots, "web-desktop-progress.png"), 1280, 900, False)
@@ -317,7 +344,9 @@ def exported_page(browser, work, info, checks, shots):
     printed = subprocess.run(["pdftotext", "-enc", "UTF-8", pdf, "-"], check=True,
                              stdout=subprocess.PIPE).stdout.decode()
     checks.true("printed clues", "ACROSS" in printed and "Clue for 59 Across" in printed)
-    checks.true("printed page has no letters in the grid", "É" not in printed)
+    checks.true("the solver's letters are printed", "É" in printed)
+    pages = subprocess.run(["pdfinfo", pdf], check=True, stdout=subprocess.PIPE).stdout.decode()
+    checks.true("grid and clues on one page", "Pages:           1" in pages)
     checks.true("printed page has no tools", "Reveal" not in printed and "Pause" not in printed)
 
     if shots:
@@ -333,12 +362,90 @@ def exported_page(browser, work, info, checks, shots):
         browser.call("Emulation.clearDeviceMetricsOverride")
 
 
+def phone_page(browser, work, info, checks, shots):
+    """The exported page on a phone: taps, a sticky clue bar, and a keyboard that stays up."""
+    words = info["entries"]
+    browser.call("Emulation.setDeviceMetricsOverride", {"width": 390, "height": 844, "deviceScaleFactor": 1,
+                                                        "mobile": True})
+    browser.call("Emulation.setTouchEmulationEnabled", {"enabled": True, "maxTouchPoints": 1})
+    browser.navigate("file://" + os.path.join(work, "fifteen.html"))
+    browser.eval("localStorage.clear()")
+    browser.reload()
+
+    def tap(selector):
+        box = browser.eval("(() => { const e = document.querySelector(%s); e.scrollIntoView({block: 'center'});"
+                           " const r = e.getBoundingClientRect();"
+                           " return [r.left + r.width / 2, r.top + r.height / 2]; })()" % json.dumps(selector))
+        browser.call("Input.dispatchTouchEvent", {"type": "touchStart", "touchPoints": [{"x": box[0], "y": box[1]}]})
+        browser.call("Input.dispatchTouchEvent", {"type": "touchEnd", "touchPoints": []})
+        time.sleep(0.2)
+
+    def in_sight():
+        return browser.eval("(() => { const c = document.querySelector('#grid .cell.current').getBoundingClientRect();"
+                            " const bar = document.getElementById('clue-bar').getBoundingClientRect();"
+                            " return c.top >= Math.max(0, bar.bottom) - 1 && c.bottom <= innerHeight"
+                            " && c.left >= 0 && c.right <= innerWidth; })()")
+
+    # A clue tapped far down the lists brings its square back into sight, clear of the bar,
+    # and the letters typed go there.
+    checks.equal("phone: the typing field has the focus", browser.eval("document.activeElement.id"), "entry")
+    time.sleep(1.2)
+    checks.equal("phone: the clock waits for the first letter",
+                 browser.eval("document.getElementById('clock').textContent"), "0:00")
+    for word in ([w for w in words if w["direction"] == "down"][-1], [w for w in words if w["direction"] == "across"][0]):
+        tap("#%s-list li[value=\"%d\"]" % (word["direction"], word["number"]))
+        checks.equal("phone: a tapped clue moves the cursor to %d %s" % (word["number"], word["direction"]),
+                     current_square(browser), [word["column"], word["row"]])
+        checks.true("phone: %d %s's square is in sight below the clue bar" % (word["number"], word["direction"]),
+                    in_sight())
+        browser.type(word["answer"][:2].lower())
+        checks.true("phone: the square typed into next is in sight", in_sight())
+        checks.equal("phone: the letters went to %d %s" % (word["number"], word["direction"]),
+                     cell_text(browser, word["column"], word["row"]), word["answer"][0])
+
+    # A tap on a black square keeps the keyboard; the clue bar steps through the clues.
+    black = browser.eval("(() => { const b = document.querySelector('#grid .cell.block');"
+                         " return [Number(b.dataset.column), Number(b.dataset.row)]; })()")
+    browser.eval("window.blurs = 0; document.getElementById('entry').addEventListener('blur', () => blurs++)")
+    tap(cell(black[0], black[1]))
+    browser.click(cell(black[0], black[1]))  # a press that would take the focus if let
+    checks.equal("phone: a black square keeps the keyboard (the field is never left)",
+                 browser.eval("[document.activeElement.id, blurs]"), ["entry", 0])
+    before = active_across(browser)
+    tap("#next-clue")
+    checks.true("phone: the clue bar's next button moves on", active_across(browser) != before)
+    checks.equal("phone: the clue bar's buttons keep the keyboard", browser.eval("document.activeElement.id"), "entry")
+    checks.equal("phone: buttons a finger can hit", browser.eval(
+        "Array.from(document.querySelectorAll('#player button')).filter(b => b.offsetParent)"
+        ".filter(b => b.getBoundingClientRect().height < 44).map(b => b.id || b.textContent)"), [])
+    checks.true("phone: clue numbers no smaller than 9 px", browser.eval(
+        "parseFloat(getComputedStyle(document.querySelector('#grid [data-number]'), '::before').fontSize) >= 9"))
+    if shots:
+        browser.call("Runtime.evaluate", {"expression": "window.scrollTo(0, 0)"})
+        browser.screenshot(os.path.join(shots, "web-phone-typing.png"), 390, 844, True)
+
+    # Clear, after a question, empties the grid and puts the clock back.
+    tap("#clear-button")
+    checks.equal("phone: Clear asks first", browser.eval("document.getElementById('clear-dialog').open"), True)
+    tap("#clear-confirm")
+    checks.equal("phone: Clear empties the grid",
+                 browser.eval("Array.from(document.querySelectorAll('#grid .letter')).map(l => l.textContent).join('')"),
+                 "")
+    checks.equal("phone: and the clock", browser.eval("document.getElementById('clock').textContent"), "0:00")
+    checks.equal("problems on the phone", problems(browser), [])
+    browser.call("Emulation.setTouchEmulationEnabled", {"enabled": False})
+    browser.call("Emulation.setDeviceMetricsOverride", {"width": 1280, "height": 900, "deviceScaleFactor": 1,
+                                                        "mobile": False})
+
+
 def player_page(browser, work, info, checks):
     browser.navigate("file://" + os.path.join(work, "player.html"))
     checks.equal("player shows its loader", browser.eval("document.getElementById('loader').hidden"), False)
 
     def load(name, drop=False):
         path = os.path.join(work, name)
+        browser.eval("document.getElementById('load-error').textContent = ''")
+        before = browser.eval("document.getElementById('title').textContent")
         if drop:
             data = {"items": [], "files": [path], "dragOperationsMask": 1}
             for kind in ("dragEnter", "dragOver", "drop"):
@@ -347,7 +454,6 @@ def player_page(browser, work, info, checks):
             document = browser.call("DOM.getDocument")["root"]["nodeId"]
             node = browser.call("DOM.querySelector", {"nodeId": document, "selector": "#file-input"})["nodeId"]
             browser.call("DOM.setFileInputFiles", {"nodeId": node, "files": [path]})
-        before = browser.eval("document.getElementById('title').textContent")
         for _ in range(100):
             if browser.eval("document.getElementById('title').textContent !== %s ||"
                             " document.getElementById('load-error').textContent !== ''" % json.dumps(before)):
@@ -370,6 +476,9 @@ def player_page(browser, work, info, checks):
     load("corrupt.xwd")
     checks.equal("corrupt file message", browser.eval("document.getElementById('load-error').textContent"), CORRUPT)
     checks.equal("corrupt file keeps the puzzle in hand", cell_text(browser, 3, 3), "É")
+    load("unfinished.xwd")
+    refused = browser.eval("document.getElementById('load-error').textContent")
+    checks.true("an unfinished puzzle is refused, saying so (%r)" % refused, "not finished" in refused)
     browser.reload()
     load("corrupt.xwd")
     checks.equal("corrupt file as the first", browser.eval("document.getElementById('load-error').textContent"), CORRUPT)
@@ -381,6 +490,7 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--cli", required=True)
     parser.add_argument("--fixtures", required=True)
+    parser.add_argument("--examples", help="the example puzzles, for a 13 x 13 printed with its real clues")
     parser.add_argument("--chromium", default=shutil.which("chromium") or "")
     parser.add_argument("--shots", help="folder for screenshots at desktop and phone widths")
     args = parser.parse_args()
@@ -396,6 +506,11 @@ def main():
         run_cli(args.cli, "export-web", os.path.join(work, "fifteen.xwd"), os.path.join(work, "fifteen.html"))
         run_cli(args.cli, "convert", "--version5", os.path.join(work, "fifteen.xwd"), os.path.join(work, "old.xwd"))
         run_cli(args.cli, "generate-player", os.path.join(work, "player.html"))
+        with open(os.path.join(args.fixtures, "fifteen.txt"), encoding="utf-8") as f:
+            text = f.read().replace("\nSEYT#", "\n.EYT#")  # the first square left empty
+        with open(os.path.join(work, "unfinished.txt"), "w", encoding="utf-8") as f:
+            f.write(text)
+        run_cli(args.cli, "import", os.path.join(work, "unfinished.txt"), os.path.join(work, "unfinished.xwd"))
         with open(os.path.join(work, "corrupt.xwd"), "wb") as f:
             f.write(b"not a puzzle\n" * 100)
         info = json.loads(subprocess.run([args.cli, "info", "--json", os.path.join(work, "fifteen.xwd")],
@@ -408,7 +523,18 @@ def main():
         browser.call("Emulation.setDeviceMetricsOverride", {"width": 1280, "height": 900,
                                                             "deviceScaleFactor": 1, "mobile": False})
         exported_page(browser, work, info, checks, args.shots)
+        phone_page(browser, work, info, checks, args.shots)
         player_page(browser, work, info, checks)
+        if args.examples:
+            thirteen = os.path.join(args.examples, "sunday-stroll.xwd")
+            run_cli(args.cli, "export-web", thirteen, os.path.join(work, "stroll.html"))
+            browser.navigate("file://" + os.path.join(work, "stroll.html"))
+            browser.type("abc")
+            pdf = os.path.join(work, "stroll.pdf")
+            with open(pdf, "wb") as f:
+                f.write(base64.b64decode(browser.call("Page.printToPDF")["data"]))
+            pages = subprocess.run(["pdfinfo", pdf], check=True, stdout=subprocess.PIPE).stdout.decode()
+            checks.true("a 13 x 13 puzzle prints on one page with its clues", "Pages:           1" in pages)
     finally:
         if browser:
             browser.close()

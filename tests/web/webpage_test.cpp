@@ -105,4 +105,16 @@ TEST(WebPage, CliWritesPagesOrNothingWithTheUsualExitCodes)
     EXPECT_EQ(cli({"export-web", puzzle, dir.path("missing/folder/page.html")}), 3);
     EXPECT_EQ(cli({"player", dir.path("missing/folder/player.html")}), 3);
     EXPECT_FALSE(QFile::exists(dir.path("bad.html")));
+
+    // An unfinished puzzle is refused as bad input, with its empty squares named.
+    TPuzzle unfinished = fifteen();
+    unfinished.Cells(2, 1) = 0;
+    unfinished.Cells(3, 1) = OpenChar;
+    WriteFileAtomically(dir.path("unfinished.xwd"), EncodePuzzle(unfinished));
+    QProcess p;
+    p.start(QStringLiteral(QUILLMARK_CLI), {"export-web", dir.path("unfinished.xwd"), dir.path("u.html")});
+    ASSERT_TRUE(p.waitForFinished(30000));
+    EXPECT_EQ(p.exitCode(), 1);
+    EXPECT_TRUE(QString::fromUtf8(p.readAllStandardError()).contains(u"2 squares have no letter (row 1, column 2; row 1, column 3)"));
+    EXPECT_FALSE(QFile::exists(dir.path("u.html")));
 }

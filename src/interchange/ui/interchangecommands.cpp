@@ -31,8 +31,9 @@ void exportAs(TXwdMainForm *form, TFileKind kind)
     QString path = choice->Path;
     if (FileKindOf(path) != kind)
         path += u'.' + extension;
+    QStringList warnings;
     try {
-        WriteFileAtomically(path, ExportPuzzle(Puzzle, kind, title));
+        WriteFileAtomically(path, ExportPuzzle(Puzzle, kind, title, &warnings));
     } catch (const TInterchangeError &e) {
         ShowPuzzleError(e.message());
         return;
@@ -42,6 +43,9 @@ void exportAs(TXwdMainForm *form, TFileKind kind)
     }
     if (InfoWin)
         InfoWin->ShowProgress(TInfoWin::Exporting, form->pos() + QPoint(35, 35));
+    if (!warnings.isEmpty())
+        Dialogs().Inform(form, QStringLiteral("%1 was written, but:\n\n%2")
+                                   .arg(QFileInfo(path).fileName(), warnings.join(QStringLiteral("\n\n"))));
 }
 
 }  // namespace

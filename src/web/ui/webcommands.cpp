@@ -49,6 +49,10 @@ void ExporttoWebActExecute(TXwdMainForm *form)
 {
     if (!form->IsPuzzleOpen())
         return;
+    if (const QString unfinished = UnfinishedPuzzleMessage(Puzzle); !unfinished.isEmpty()) {
+        ShowPuzzleError(unfinished);
+        return;
+    }
     const QString title = WebTitleFor(CurrentPuzzlePath);
     const auto path = chooseWebFile(form, QStringLiteral("Export to Web"), title + QStringLiteral(".html"));
     if (path)

@@ -68,9 +68,12 @@ private slots:
         QCOMPARE(program->GridForm->windowTitle(), QStringLiteral("STROLL (not saved)"));
         QVERIFY(!main()->RevertToSavedAct->isEnabled());
 
+        // The file's title is listed as not kept, and offered as the name.
+        QVERIFY((*dialogs)->Informations.last().contains(u"The title (Title)"));
         (*dialogs)->Files.append(TFileChoice{dir->path("stroll"), 1});
         main()->SaveAct->trigger();
         QCOMPARE((*dialogs)->FileRequests.last().DefaultExtension, QStringLiteral("xwd"));
+        QCOMPARE((*dialogs)->FileRequests.last().FileName, QStringLiteral("Title.xwd"));
         QCOMPARE(CurrentPuzzlePath, dir->path("stroll.xwd"));
         QVERIFY(!PuzzleChanged);
         QVERIFY(sameGridAndClues(DecodePuzzle(ReadFileBytes(CurrentPuzzlePath)), Puzzle));

@@ -58,6 +58,18 @@ private slots:
         QCOMPARE((*dialogs)->Errors.size(), 1);
         QVERIFY((*dialogs)->Errors.first().startsWith("The web page could not be written."));
         QVERIFY(!QFile::exists(dir->path("no/such/folder/page.html")));
+
+        // A puzzle with squares still empty would take any letter there: refused, naming them.
+        const QString unfinished = dir->path("harbour-lights.xwd");
+        QVERIFY(QFile::copy(QUILLMARK_EXAMPLES "/harbour-lights.xwd", unfinished));
+        (*dialogs)->Files.append(TFileChoice{unfinished, 1});
+        action("ConstructOpenAct")->trigger();
+        const int asked = (*dialogs)->FileRequests.size();
+        action("ExporttoWebAct")->trigger();
+        QCOMPARE((*dialogs)->FileRequests.size(), asked);
+        QCOMPARE((*dialogs)->Errors.size(), 2);
+        QVERIFY((*dialogs)->Errors.last().contains(u"not finished"));
+        QVERIFY((*dialogs)->Errors.last().contains(u"row "));
     }
 };
 

@@ -17,7 +17,7 @@ const char UsageText[] =
     "\n"
     "Opens PUZZLE (a .xwd puzzle, or a .puz or .ipuz file to import) for constructing,\n"
     "or for solving when -S follows it. Without PUZZLE it opens nothing and offers the\n"
-    "previous puzzles in the File menu.\n"
+    "previous puzzles in the Puzzle menu.\n"
     "\n"
     "Options:\n"
     "  -S         Opens PUZZLE for solving.\n"

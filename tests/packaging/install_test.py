@@ -100,6 +100,9 @@ def check_tree(build, source, tmp):
         help_text = run([os.path.join(usr, "bin", program), "--help"]).stdout
         lines = rendered_man_page(page)
         missing = [u for u in usage_lines(help_text) if not listed(u, lines)]
+        exit_codes = re.search(r"^Exit codes: (.*)$", help_text, re.M)
+        missing += [f"exit code {code}" for code in re.findall(r"(\d+) ", exit_codes.group(1) if exit_codes else "")
+                    if not listed(code, lines)]
         check(help_text and not missing,
               f"{program}.1 lacks what {program} --help lists (add each as a .TP entry):\n  " + "\n  ".join(missing))
 

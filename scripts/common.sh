@@ -17,7 +17,10 @@ PACKAGES=(
   ghostscript libwmf-bin poppler-utils
   xvfb x11-apps imagemagick
   chromium python3
+  # the word lists the word finder and autofill read
   scowl wfrench wspanish witalian wngerman wswedish wnorwegian wdanish
+  # the checkers of the installed tree and of the Debian package
+  file dpkg-dev lintian desktop-file-utils appstream man-db shared-mime-info
 )
 # Node runs the npm packages some tests read our files with; a machine may have its own.
 command -v npm >/dev/null 2>&1 || PACKAGES+=(nodejs npm)

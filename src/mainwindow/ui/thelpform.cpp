@@ -1,7 +1,7 @@
 #include "mainwindow/ui/thelpform.h"
 
-#include <QCoreApplication>
-#include <QFileInfo>
+#include "mainwindow/datafiles.h"
+
 #include <QHBoxLayout>
 #include <QHelpContentWidget>
 #include <QHelpEngine>
@@ -39,10 +39,7 @@ private:
 
 QString THelpForm::CollectionFile()
 {
-    const QString beside = QCoreApplication::applicationDirPath() + QStringLiteral("/help/quillmark.qhc");
-    if (QFileInfo::exists(beside))
-        return beside;
-    return QStringLiteral(QUILLMARK_HELP_COLLECTION);
+    return DataFile(QStringLiteral("help/quillmark.qhc"));
 }
 
 THelpForm::THelpForm(QWidget *parent) : QWidget(parent, Qt::Window)

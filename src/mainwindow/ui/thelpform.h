@@ -16,7 +16,7 @@ class THelpForm : public QWidget {
 public:
     explicit THelpForm(QWidget *parent = nullptr);
 
-    // The collection file: beside the program, else where the build put it.
+    // The collection file in the program's data folders; empty when it is not installed.
     static QString CollectionFile();
 
     // Shows the contents; and the keyword index, filtered by `keyword`.

@@ -703,12 +703,12 @@ TFillResult FillGrid(const TFillRequest &request)
 
 int FillTimeLimitSetting()
 {
-    return std::clamp(ReadSetting(QStringLiteral("FillTimeLimit"), 60).toInt(), 1, 3600);
+    return std::clamp(ReadSetting(QStringLiteral("FillTimeLimit"), DefaultFillTimeLimit).toInt(), 1, 3600);
 }
 
-int FillMinScoreSetting()
+void WriteFillTimeLimitSetting(int seconds)
 {
-    return std::clamp(ReadSetting(QStringLiteral("FillMinScore"), 0).toInt(), 0, 100);
+    WriteSetting(QStringLiteral("FillTimeLimit"), std::clamp(seconds, 1, 3600));
 }
 
 std::vector<bool> FillRegion(const TPuzzle &grid, int c, int r, Direction d)

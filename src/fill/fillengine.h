@@ -55,10 +55,11 @@ struct TFillResult {
 
 TFillResult FillGrid(const TFillRequest &request);
 
-// The preferences of autofill in the program, with their defaults: the seconds a fill may
-// search and the lowest score of the words it uses.
+// The seconds a fill in the program may search (the Word Lists page of the preferences).
+// The lowest score it uses is the word lists' own, as the word finder offers them.
+constexpr int DefaultFillTimeLimit = 60;
 int FillTimeLimitSetting();
-int FillMinScoreSetting();
+void WriteFillTimeLimitSetting(int seconds);
 
 // The squares a region fill may write: the empty and open squares reachable from those of
 // the word starting at (c, r) in direction d, passing from a square to every square of each

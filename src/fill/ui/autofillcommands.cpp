@@ -1,6 +1,7 @@
 #include "fill/ui/autofillcommands.h"
 
 #include "fill/fillengine.h"
+#include "fill/wordlistservice.h"
 #include "mainwindow/puzzlesession.h"
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/dialogs.h"
@@ -185,7 +186,6 @@ void TAutofill::start(TFillKind kind, const QString &caption, const TPuzzle &bas
     request.Fillable = std::move(fillable);
     request.Seed = seed;
     request.TimeLimit = FillTimeLimitSetting();
-    request.MinScore = FillMinScoreSetting();
     TFillJob *job = job_.get();
     request.Cancel = &job->Cancel;
     request.Progress = [job](int filled, int total) {
@@ -194,12 +194,11 @@ void TAutofill::start(TFillKind kind, const QString &caption, const TPuzzle &bas
     };
     const int language = base.Language;
     // The job is kept alive by the thread's own copy of the pointer, whatever the window does.
-    thread_ = QThread::create([job = job_, language] {
-        TWordListConfig config;
-        config.Language = language;
-        config.Sources = {TWordListSource{}};
-        config.PersonalPath = PersonalListPath();
-        config.MinScore = job->Request.MinScore;
+    // The lists, their order and the lowest score as the Word Lists page sets them, as the
+    // word finder offers words from them.
+    const TWordListConfig config = WordListConfigFromSettings(language);
+    job_->Request.MinScore = config.MinScore;
+    thread_ = QThread::create([job = job_, config] {
         job->Request.Words = std::make_shared<const TWordList>(LoadWordLists(config).Words);
         if (!job->Cancel)
             job->Result = FillGrid(job->Request);

@@ -1,6 +1,7 @@
 #include "fill/ui/twordlistspage.h"
 
 #include "clues/gridlanguage.h"
+#include "fill/fillengine.h"
 #include "fill/wordlistservice.h"
 #include "mainwindow/ui/dialogs.h"
 #include "settings/txwdprocs.h"
@@ -52,6 +53,14 @@ TWordListsPage::TWordListsPage(QWidget *parent) : QWidget(parent)
     minRow->addWidget(minLabel);
     minRow->addWidget(MinScoreSpin);
     minRow->addStretch(1);
+    auto *timeLabel = new QLabel(QStringLiteral("Autofill searches at most (&seconds):"), this);
+    FillTimeSpin = new QSpinBox(this);
+    FillTimeSpin->setObjectName(QStringLiteral("FillTimeSpin"));
+    FillTimeSpin->setRange(1, 3600);
+    timeLabel->setBuddy(FillTimeSpin);
+    minRow->addSpacing(16);
+    minRow->addWidget(timeLabel);
+    minRow->addWidget(FillTimeSpin);
     grid->addLayout(minRow, 5, 0, 1, 2);
 
     auto *personalLabel = new QLabel(QStringLiteral("Your &own words: WORD;SCORE adds a word, -WORD excludes one"), this);
@@ -91,6 +100,7 @@ void TWordListsPage::Load()
     for (const TWordListSource &s : config.Sources)
         addItem(s.Path, s.Enabled);
     MinScoreSpin->setValue(config.MinScore);
+    FillTimeSpin->setValue(FillTimeLimitSetting());
     QFile file(PersonalListPath());
     PersonalEdit->setPlainText(file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString());
 }
@@ -101,6 +111,7 @@ void TWordListsPage::Save()
     for (int i = 0; i < ListsList->count(); ++i)
         sources.append({ListsList->item(i)->data(PathRole).toString(), ListsList->item(i)->checkState() == Qt::Checked});
     WriteWordListSettings(sources, MinScoreSpin->value());
+    WriteFillTimeLimitSetting(FillTimeSpin->value());
     const QString path = PersonalListPath();
     QString text = PersonalEdit->toPlainText().trimmed();
     if (!text.isEmpty() || QFile::exists(path)) {
@@ -119,6 +130,7 @@ void TWordListsPage::Defaults()
     ListsList->clear();
     addItem(QString(), true);
     MinScoreSpin->setValue(0);
+    FillTimeSpin->setValue(DefaultFillTimeLimit);
 }
 
 void TWordListsPage::addList()

@@ -28,6 +28,7 @@ public:
     QPushButton *UpBtn = nullptr;
     QPushButton *DownBtn = nullptr;
     QSpinBox *MinScoreSpin = nullptr;
+    QSpinBox *FillTimeSpin = nullptr;
     QPlainTextEdit *PersonalEdit = nullptr;
 
 private:

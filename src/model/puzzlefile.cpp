@@ -2,7 +2,10 @@
 
 #include "mainwindow/puzzlestate.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
 #include <QSaveFile>
 
 namespace {
@@ -209,6 +212,19 @@ void WriteFileAtomically(const QString &path, const QByteArray &bytes)
         throw TPuzzleIOError(QStringLiteral("Cannot write %1: %2").arg(path, file.errorString()).toStdString());
 }
 
+void RemoveSaveLeftovers(const QString &path)
+{
+    const QFileInfo target(path);
+    const QRegularExpression leftover(QRegularExpression::anchoredPattern(
+        QRegularExpression::escape(target.fileName()) + QStringLiteral("\\.[A-Za-z0-9]{6}")));
+    // A temporary file never grows past the record it was writing; anything larger (or a
+    // folder) is the user's own, whatever its name.
+    const QFileInfoList candidates = target.absoluteDir().entryInfoList(QDir::Files | QDir::Hidden | QDir::System);
+    for (const QFileInfo &file : candidates)
+        if (leftover.match(file.fileName()).hasMatch() && !file.isSymLink() && file.size() <= PuzzleFileSize)
+            QFile::remove(file.absoluteFilePath());
+}
+
 void ReadPuzzle(const QString &path)
 {
     Puzzle = DecodePuzzle(readHead(path));
@@ -218,6 +234,7 @@ void ReadPuzzle5(const QString &path)
 {
     const TPuzzle converted = ConvertPuzzle5(readVersion5(path));
     WriteFileAtomically(path, EncodePuzzle(converted));
+    RemoveSaveLeftovers(path);
     Puzzle = converted;
     PuzzleChanged = false;
 }
@@ -225,12 +242,14 @@ void ReadPuzzle5(const QString &path)
 void WritePuzzle(const QString &path)
 {
     WriteFileAtomically(path, EncodePuzzle(Puzzle));
+    RemoveSaveLeftovers(path);
     PuzzleChanged = false;
 }
 
 void WritePuzzle5(const QString &path)
 {
     WriteFileAtomically(path, EncodePuzzle5(Puzzle));
+    RemoveSaveLeftovers(path);
 }
 
 void OpenPuzzleFile(const QString &path)

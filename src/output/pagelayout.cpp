@@ -2,6 +2,7 @@
 
 #include "model/cp1252.h"
 #include "settings/fontsetting.h"
+#include "settings/screenfit.h"
 #include "settings/txwdprocs.h"
 
 #include <QFileInfo>
@@ -221,7 +222,7 @@ private:
     }
     static QFont readManuscriptFont(bool bold)
     {
-        QFont f = PageFont(ReadText(QStringLiteral("MSFontName"), QStringLiteral("Courier New")), ReadInt(QStringLiteral("MSFontSize"), 12),
+        QFont f = PageFont(ReadText(QStringLiteral("MSFontName"), QStringLiteral("Courier New")), FitFontSize(ReadInt(QStringLiteral("MSFontSize"), 12), 12),
                            ReadInt(QStringLiteral("MSFontStyle"), 0));
         if (bold)
             f.setBold(true);
@@ -235,7 +236,7 @@ private:
         leftMargin_ = PageWidth / 17;
         topMargin_ = PageHeight / 22;
         rightColumnOffset_ = PageWidth - 2 * leftMargin_ - 25 * width(QStringLiteral("M"));
-        linesPerPage_ = (PageHeight - 2 * topMargin_) / lineHeight_ + 1 - ReadInt(QStringLiteral("PageBottomMargin"), 1);
+        linesPerPage_ = (PageHeight - 2 * topMargin_) / lineHeight_ + 1 - std::clamp(ReadInt(QStringLiteral("PageBottomMargin"), 1), 0, 9);
     }
 
     void titleLine()
@@ -454,7 +455,8 @@ private:
         const int cols = S < 19 ? 3 : 5;
         const int w = (PageWidth - 2 * m) / cols;
         const int k = PuzzlePageSizeStep(S);
-        const int base = ReadInt(QStringLiteral("PPFontSize"), 9);
+        // Stored less the grid's step, so it may be below 1; kept to sizes a page can show.
+        const int base = std::clamp(ReadInt(QStringLiteral("PPFontSize"), 9), -MaxFontPointSize, MaxFontPointSize);
         const QString arial = QStringLiteral("Arial");
         setFont(PageFont(arial, base + k));
         const int h = std::max(1, height() - 1);
@@ -482,7 +484,7 @@ private:
         if (!byline.isEmpty())
             text(PageWidth - width(byline) - 63, rule + 8, byline);
 
-        const int L = PageHeight / h - 3 - ReadInt(QStringLiteral("PageLength"), 1);
+        const int L = PageHeight / h - 3 - std::clamp(ReadInt(QStringLiteral("PageLength"), 1), -PageHeight, PageHeight);
         const int Y0 = 3 * h + 10;
         const int gridRight = m + cols * w;
         const int gridLeft = gridRight - q * S;

@@ -1,6 +1,7 @@
 #include "settings/fontsetting.h"
 
 #include "settings/colors.h"
+#include "settings/screenfit.h"
 #include "settings/txwdprocs.h"
 
 void ApplyFontStyle(QFont &font, int style)
@@ -16,7 +17,7 @@ TFontSetting ReadFontSetting(const QString &prefix, const TFontDefaults &default
     TFontSetting setting;
     setting.Font.setFamily(ReadText(prefix + QStringLiteral("FontName"), defaults.Name));
     const int size = ReadInt(prefix + QStringLiteral("FontSize"), defaults.Size);
-    setting.Font.setPointSize(size >= 1 ? size : defaults.Size);
+    setting.Font.setPointSize(FitFontSize(size, defaults.Size));
     ApplyFontStyle(setting.Font, ReadInt(prefix + QStringLiteral("FontStyle"), defaults.Style));
     setting.Color = ReadColorSetting(prefix + QStringLiteral("FontColor"), defaults.Color);
     return setting;

@@ -7,6 +7,7 @@
 #include "mainwindow/ui/dialogs.h"
 #include "mainwindow/ui/tsoundfx.h"
 #include "model/cp1252.h"
+#include "settings/screenfit.h"
 #include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
 #include "views/gridgeometry.h"
@@ -182,8 +183,9 @@ void TAutoclueForm::place()
         for (int i = 0; i < 4 && ok; ++i)
             bounds[i] = parts[i].trimmed().toInt(&ok);
         if (ok) {
-            move(bounds[0], bounds[1]);
-            resize(bounds[2], bounds[3]);
+            const QRect fitted = FitBoundsToScreen(bounds[0], bounds[1], bounds[2], bounds[3], AvailableScreenArea({bounds[0], bounds[1]}));
+            move(fitted.topLeft());
+            resize(fitted.size());
             FormResize();
             return;
         }

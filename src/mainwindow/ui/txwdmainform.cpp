@@ -19,6 +19,7 @@
 #include "model/puzzlefile.h"
 #include "output/ui/exportcommands.h"
 #include "output/ui/printcommands.h"
+#include "settings/screenfit.h"
 #include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
 #include "settings/ui/txwdprefform.h"
@@ -97,7 +98,7 @@ std::optional<QRect> boundsFromSetting(const QString &name)
         if (!ok)
             return std::nullopt;
     }
-    return QRect(values[0], values[1], values[2], values[3]);
+    return FitBoundsToScreen(values[0], values[1], values[2], values[3], AvailableScreenArea({values[0], values[1]}));
 }
 
 void writeBoundsOf(const QString &name, const QWidget *window)
@@ -420,7 +421,7 @@ void TXwdMainForm::FormShow(const QStringList &arguments)
     setFixedHeight(sizeHint().height());
     // Clear of the grid window, which opens at the top left.
     if (const auto bounds = boundsFromSetting(QStringLiteral("ScreenBoundsMain")))
-        move(bounds->topLeft());
+        move(FitBoundsToScreen(QRect(bounds->topLeft(), size() + QSize(0, TitleBarAllowance)), AvailableScreenArea(bounds->topLeft())).topLeft());
     else if (const QScreen *screen = this->screen())
         move(screen->availableGeometry().right() - width() - 4, 2);
 

@@ -9,6 +9,7 @@
 #include "output/pdfoutput.h"
 #include "output/ui/tpreviewform.h"
 #include "settings/fontsetting.h"
+#include "settings/screenfit.h"
 #include "settings/txwdprocs.h"
 
 #include <QCheckBox>
@@ -53,7 +54,7 @@ int styleBits(const QFont &font)
 QFont sampleFont(const QString &prefix, const QString &name, int size, int step)
 {
     QFont font(ReadText(prefix + QStringLiteral("FontName"), name));
-    font.setPointSize(std::max(1, ReadInt(prefix + QStringLiteral("FontSize"), size) + step));
+    font.setPointSize(std::max(1, std::clamp(ReadInt(prefix + QStringLiteral("FontSize"), size), -MaxFontPointSize, MaxFontPointSize) + step));
     ApplyFontStyle(font, ReadInt(prefix + QStringLiteral("FontStyle"), 0));
     return font;
 }

@@ -5,6 +5,7 @@
 #include "mainwindow/ui/txwdmainform.h"
 #include "model/cp1252.h"
 #include "model/puzzle.h"
+#include "settings/screenfit.h"
 #include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
 #include "views/cluelayout.h"
@@ -174,8 +175,9 @@ void TCluesForm::place()
         for (int i = 0; i < 4 && ok; ++i)
             bounds[i] = parts[i].trimmed().toInt(&ok);
         if (ok) {
-            move(bounds[0], bounds[1]);
-            resize(bounds[2], bounds[3]);
+            const QRect fitted = FitBoundsToScreen(bounds[0], bounds[1], bounds[2], bounds[3], AvailableScreenArea({bounds[0], bounds[1]}));
+            move(fitted.topLeft());
+            resize(fitted.size());
             return;
         }
     }

@@ -5,6 +5,7 @@
 #include "mainwindow/ui/appresources.h"
 #include "model/cp1252.h"
 #include "model/puzzle.h"
+#include "settings/screenfit.h"
 #include "settings/colors.h"
 #include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
@@ -96,8 +97,9 @@ void TXwdGridForm::DropCurrentWord()
 
 void TXwdGridForm::ArrangeFromSettings()
 {
-    move(GridWindowOrigin(ReadText(QStringLiteral("ScreenBoundsGrid"))));
     const int extent = GridWindowExtent(Puzzle.Size, SquareSize);
+    const QPoint origin = GridWindowOrigin(ReadText(QStringLiteral("ScreenBoundsGrid")));
+    move(FitBoundsToScreen(QRect(origin, QSize(extent, extent + TitleBarAllowance)), AvailableScreenArea(origin)).topLeft());
     resize(extent, extent);
 }
 
@@ -148,7 +150,7 @@ void TXwdGridForm::readAppearance()
 void TXwdGridForm::applyFontSize()
 {
     QFont letters = font();
-    letters.setPointSize(ScaledFontSize(ReadInt(QStringLiteral("FontSize"), 11), SquareSize, maxSquareSize()));
+    letters.setPointSize(ScaledFontSize(FitFontSize(ReadInt(QStringLiteral("FontSize"), 11), 11), SquareSize, maxSquareSize()));
     setFont(letters);
 }
 
@@ -167,7 +169,7 @@ void TXwdGridForm::FormShow()
     Editor.LoadGridCharSet();
     Editor.Cheated = false;
     const int square = ReadInt(QStringLiteral("ScreenSquare"), maxSquareSize());
-    SquareSize = square >= 1 ? square : maxSquareSize();
+    SquareSize = FitSquareSize(square, maxSquareSize(), Puzzle.Size, GridWindowMargin, AvailableScreenArea(pos()));
     applyFontSize();
     ArrangeFromSettings();
     // The caller captioned the window with the file name: show it without its extension.

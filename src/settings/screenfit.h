@@ -7,8 +7,10 @@
 
 // Room kept for the title bar the window system adds above a window's client area.
 constexpr int TitleBarAllowance = 32;
-// The largest point size a font (of a window or a printed page) takes from the settings.
-constexpr int MaxFontPointSize = 72;
+// The largest point size a font (of a window or a printed page) takes from the settings:
+// ample for any sensible choice, and small enough that every window still fits an 800 x 600
+// screen with it.
+constexpr int MaxFontPointSize = 36;
 
 // The bounds moved, and shrunk where they are larger than `available`, so that the whole
 // window lies inside it; a width or height below 1 becomes 1. The numbers are taken as read

@@ -44,7 +44,7 @@ TEST(FitSquareSize, TheGridWindowFitsTheScreen)
     EXPECT_EQ(FitSquareSize(50, 40, 23, 9, QRect(0, 0, 20, 20)), 1);
 }
 
-TEST(FitFontSize, WindowFontsStayBetweenOneAnd72Points)
+TEST(FitFontSize, FontsStayBetweenOneAndTheLargestSize)
 {
     EXPECT_EQ(FitFontSize(11, 9), 11);
     EXPECT_EQ(FitFontSize(700, 9), MaxFontPointSize);

@@ -706,9 +706,10 @@ void TXwdMainForm::PuzzleOpened()
         LogoImage->setVisible(false);
         ModeLabel->setFixedHeight(ModeLineHeight);
         DataMemo->setVisible(true);
-        setMinimumSize(MinimumFittedSize());
+        setMinimumSize(MinimumFittedSize().boundedTo(AvailableScreenArea(pos()).size() - QSize(0, TitleBarAllowance)));
         setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
         resize(minimumSize());
+        move(FitBoundsToScreen(frameGeometry(), AvailableScreenArea(pos())).topLeft());
     }
     DataMemo->clear();
     if (AutoclueForm && AutoclueForm->isVisible())

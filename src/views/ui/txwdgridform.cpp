@@ -285,7 +285,7 @@ void TXwdGridForm::Celebrate()
     celebration_ = QImage(size() * devicePixelRatio(), QImage::Format_ARGB32_Premultiplied);
     celebration_.setDevicePixelRatio(devicePixelRatio());
     celebration_.fill(Qt::transparent);
-    QRandomGenerator random(quint32(QDateTime::currentMSecsSinceEpoch()));
+    QRandomGenerator random{quint32(QDateTime::currentMSecsSinceEpoch())};
     for (int round = 0; round < 120; ++round) {
         {
             QPainter painter(&celebration_);

@@ -6,6 +6,7 @@
 #include "mainwindow/ui/txwdmainform.h"
 #include "model/puzzlefile.h"
 #include "scripteddialogs.h"
+#include "settings/screenfit.h"
 #include "settings/txwdprocs.h"
 #include "uitestmain.h"
 #include "views/gridgeometry.h"
@@ -60,7 +61,7 @@ private slots:
                                                        .arg(grid.x()).arg(grid.y()).arg(grid.width()).arg(grid.height())));
         QVERIFY(SquareSize >= 1);
         QCOMPARE(program.GridForm->width(), GridWindowExtent(23, SquareSize));
-        QVERIFY(program.GridForm->font().pointSize() <= 72);
+        QVERIFY(program.GridForm->font().pointSize() <= MaxFontPointSize);
         QVERIFY(program.MainForm->frameGeometry().height() <= screen.height());
     }
 };

@@ -69,6 +69,6 @@ build_sanitized() {
 
 # Every sanitizer report ends the program with a failing exit code, and says where.
 sanitizer_options() {
-  export ASAN_OPTIONS="halt_on_error=1:abort_on_error=0:detect_leaks=0"
+  export ASAN_OPTIONS="halt_on_error=1:detect_leaks=1"
   export UBSAN_OPTIONS="halt_on_error=1:print_stacktrace=1"
 }

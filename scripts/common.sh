@@ -71,4 +71,5 @@ build_sanitized() {
 sanitizer_options() {
   export ASAN_OPTIONS="halt_on_error=1:detect_leaks=1"
   export UBSAN_OPTIONS="halt_on_error=1:print_stacktrace=1"
+  export LSAN_OPTIONS="suppressions=$ROOT/scripts/lsan.supp:print_suppressions=0"
 }

@@ -130,6 +130,11 @@ TPuzzle PuzzleFromText(const QString &text)
     }
     if (p.Size < 1)
         fail(int(lines.size()), QStringLiteral("no grid"));
+    // A black square holds no solver's letter, whichever of grid and entries came first.
+    for (int c = 1; c <= p.Size; ++c)
+        for (int r = 1; r <= p.Size; ++r)
+            if (p.isBlock(c, r))
+                p.Entries(c, r) = 0;
 
     for (const TWordRef &w : WordsInSlotOrder(p)) {
         const QString key = QString::number(w.Number) + (w.Dir == Direction::Across ? u'A' : u'D');

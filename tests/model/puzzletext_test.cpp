@@ -107,3 +107,14 @@ TEST(PuzzleText, FieldsAtTheirLimitsAreKeptWhole)
     EXPECT_EQ(p.Byline.text(), QByteArray(60, 'b'));
     EXPECT_EQ(p.clue(1), QByteArray(80, 'c'));
 }
+
+TEST(PuzzleText, ABlackSquareKeepsNoSolversLetter)
+{
+    for (const char *text : {"size 3\ngrid\nAB#\nCDE\nFGH\nentries\nA,X\n...\n...\n",
+                             "size 3\nentries\nA,X\n...\n...\ngrid\nAB#\nCDE\nFGH\n"}) {
+        const TPuzzle p = PuzzleFromText(text);
+        EXPECT_EQ(p.Entries(3, 1), 0) << text;
+        EXPECT_EQ(p.Entries(2, 1), ',');
+        EXPECT_EQ(PuzzleToText(PuzzleFromText(PuzzleToText(p))), PuzzleToText(p));
+    }
+}

@@ -44,8 +44,10 @@ public:
     bool hasOption(const QString &name) const { return args_.contains(name); }
     QStringList positional(int count, const QString &names)
     {
+        // "-" alone names standard input or output; anything else with a dash is an option
+        // no command takes (Qt's own, such as -platform, included).
         for (const QString &a : std::as_const(args_))
-            if (a.startsWith(u"--"))
+            if (a.startsWith(u'-') && a != u"-")
                 throw TCliError{ExitUsage, QStringLiteral("unknown option %1").arg(a)};
         if (args_.size() != count)
             throw TCliError{ExitUsage, QStringLiteral("expected %1").arg(names)};

@@ -32,8 +32,10 @@ int byline(Arguments args, QTextStream &)
     // The puzzle keeps Windows-1252; a byline it cannot hold is refused, not mangled.
     if (KeepCp1252(text, '\0') != text)
         throw TCliError{ExitUsage, QStringLiteral("the byline has characters a puzzle cannot keep")};
+    if (text.size() > MaxBylineLength)
+        throw TCliError{ExitUsage, QStringLiteral("--text holds at most 60 characters")};
     TLoadedPuzzle loaded = LoadOrFail(files[0]);
-    loaded.Puzzle.Byline.setText(none ? QByteArray("--") : ToCp1252(text).left(MaxBylineLength));
+    loaded.Puzzle.Byline.setText(none ? QByteArray("--") : ToCp1252(text));
     SaveOrFail(files[1], EncodePuzzle(loaded.Puzzle));
     return 0;
 }

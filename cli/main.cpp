@@ -49,14 +49,21 @@ int run(QStringList args, QTextStream &out)
 }  // namespace
 int main(int argc, char *argv[])
 {
-    // The picture exports and page layouts measure text, which needs the GUI library but never a screen.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
+    // The picture exports and page layouts measure text, which needs the GUI library but never
+    // a screen: the tool picks the offscreen platform itself, so neither the environment of a
+    // desktop (over ssh, from cron) nor an argument can make it reach for a display. Qt sees
+    // only the program's name; every argument is ours, and one we do not know is refused.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qunsetenv("QT_QPA_PLATFORMTHEME");
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    int qtArgc = 1;
+    QGuiApplication app(qtArgc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);
     try {
-        const int code = run(app.arguments().mid(1), out);
+        const int code = run(arguments, out);
         out.flush();
         return code;
     } catch (const TCliError &e) {

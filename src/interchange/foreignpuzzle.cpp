@@ -143,8 +143,9 @@ TImportedPuzzle ToQuillmark(const TForeignPuzzle &f, const TImportOptions &optio
 
     // Every clue must belong to a word of the grid: otherwise the numbers mean something else
     // in the file, and we would attach clues to the wrong words.
-    for (const auto &[clues, dir] : {std::pair{&f.Across, Direction::Across}, std::pair{&f.Down, Direction::Down}})
+    for (const auto &[clues, clueDir] : {std::pair{&f.Across, Direction::Across}, std::pair{&f.Down, Direction::Down}})
         for (auto it = clues->begin(); it != clues->end(); ++it) {
+            const Direction dir = clueDir;  // clang 14 cannot capture a structured binding in a lambda
             const bool found = std::any_of(words.begin(), words.end(), [&](const TWordRef &w) {
                 return w.Number == it.key() && w.Dir == dir;
             });

@@ -102,6 +102,8 @@ bool TPuzzleSession::commit(const QString &path, const TPuzzle &record)
 {
     try {
         WriteFileAtomically(path, EncodePuzzle(record));
+        // A save killed before its rename left a temporary file beside the puzzle.
+        RemoveSaveLeftovers(path);
     } catch (const TPuzzleIOError &e) {
         error(QStringLiteral("The puzzle could not be saved.\n%1").arg(QString::fromStdString(e.what())));
         return false;
@@ -281,6 +283,7 @@ bool TPuzzleSession::SaveAs()
         // A version-5 copy is an export: the open puzzle stays as it is.
         try {
             WriteFileAtomically(choice->Path, EncodePuzzle5(Puzzle));
+            RemoveSaveLeftovers(choice->Path);
         } catch (const TPuzzleIOError &e) {
             error(QStringLiteral("The puzzle could not be saved.\n%1").arg(QString::fromStdString(e.what())));
             return false;

@@ -1,7 +1,10 @@
 #include "model/puzzlefile.h"
 
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
 #include <QSaveFile>
 
 namespace {
@@ -220,8 +223,22 @@ TPuzzle OpenPuzzleRecord(const QString &path)
     } catch (const TPuzzleIOError &) {
         const TPuzzle converted = ConvertPuzzle5(readVersion5(path));
         WriteFileAtomically(path, EncodePuzzle(converted));
+        RemoveSaveLeftovers(path);
         return converted;
     }
+}
+
+void RemoveSaveLeftovers(const QString &path)
+{
+    const QFileInfo target(path);
+    const QRegularExpression leftover(QRegularExpression::anchoredPattern(
+        QRegularExpression::escape(target.fileName()) + QStringLiteral("\\.[A-Za-z0-9]{6}")));
+    // A temporary file never grows past the record it was writing; anything larger (or a
+    // folder) is the user's own, whatever its name.
+    const QFileInfoList candidates = target.absoluteDir().entryInfoList(QDir::Files | QDir::Hidden | QDir::System);
+    for (const QFileInfo &file : candidates)
+        if (leftover.match(file.fileName()).hasMatch() && !file.isSymLink() && file.size() <= PuzzleFileSize)
+            QFile::remove(file.absoluteFilePath());
 }
 
 void ReadPuzzle(const QString &path)
@@ -233,17 +250,20 @@ void ReadPuzzle5(const QString &path)
 {
     const TPuzzle converted = ConvertPuzzle5(readVersion5(path));
     WriteFileAtomically(path, EncodePuzzle(converted));
+    RemoveSaveLeftovers(path);
     Puzzle = converted;
 }
 
 void WritePuzzle(const QString &path)
 {
     WriteFileAtomically(path, EncodePuzzle(Puzzle));
+    RemoveSaveLeftovers(path);
 }
 
 void WritePuzzle5(const QString &path)
 {
     WriteFileAtomically(path, EncodePuzzle5(Puzzle));
+    RemoveSaveLeftovers(path);
 }
 
 void OpenPuzzleFile(const QString &path)

@@ -58,5 +58,9 @@ void WritePuzzle(const QString &path);
 void WritePuzzle5(const QString &path);
 void OpenPuzzleFile(const QString &path);
 
+// A save killed between writing its temporary file and renaming it leaves NAME.XXXXXX
+// beside the puzzle (six letters or digits); the next save of the puzzle removes them.
+void RemoveSaveLeftovers(const QString &path);
+
 // Writes bytes atomically, or throws.
 void WriteFileAtomically(const QString &path, const QByteArray &bytes);

@@ -1,5 +1,6 @@
 #include "model/puzzletext.h"
 
+#include "clues/gridlanguage.h"
 #include "model/cp1252.h"
 
 #include <QRegularExpression>
@@ -26,6 +27,28 @@ uint8_t cellFromChar(QChar ch, int line)
     return uint8_t(code);
 }
 
+// A number of the heading, refused unless it is a whole number within [low, high].
+int numberFromText(const QString &value, int low, int high, int line, const QString &what)
+{
+    bool ok = false;
+    const int number = value.toInt(&ok);
+    if (!ok || number < low || number > high)
+        fail(line, QStringLiteral("the %1 must be from %2 to %3").arg(what).arg(low).arg(high));
+    return number;
+}
+
+// Text as the record keeps it: every character must have a Windows-1252 code and the
+// whole must fit its field; nothing is replaced or cut.
+QByteArray recordText(const QString &value, int maxLength, int line, const QString &what)
+{
+    for (const QChar ch : value)
+        if (UnicodeToCp1252(ch) < 0)
+            fail(line, QStringLiteral("'%1' in the %2 is a character a puzzle cannot keep").arg(ch, what));
+    if (value.size() > maxLength)
+        fail(line, QStringLiteral("the %1 holds at most %2 characters").arg(what).arg(maxLength));
+    return ToCp1252(value);
+}
+
 QChar charFromCell(uint8_t cell)
 {
     switch (cell) {
@@ -45,7 +68,12 @@ TPuzzle PuzzleFromText(const QString &text)
     const QStringList lines = text.split(u'\n');
     enum class Section { Header, Grid, Entries, Clues } section = Section::Header;
     int row = 0;
-    QList<std::pair<QString, QString>> clues;
+    struct Clue {
+        QString Key;  // number and direction, "12A"
+        QString Text;
+        int Line;
+    };
+    QList<Clue> clues;
     static const QRegularExpression clueLine(QStringLiteral("^(\\d+)([AaDd])(?:\\s+(.*))?$"));
 
     for (int i = 0; i < lines.size(); ++i) {
@@ -69,11 +97,11 @@ TPuzzle PuzzleFromText(const QString &text)
             const QString key = line.section(u' ', 0, 0);
             const QString value = line.section(u' ', 1).trimmed();
             if (key == u"size")
-                p.Size = int16_t(value.toInt());
+                p.Size = int16_t(numberFromText(value, 1, MaxGrid, lineNo, QStringLiteral("size")));
             else if (key == u"byline")
-                p.Byline.setText(ToCp1252(value));
+                p.Byline.setText(recordText(value, MaxBylineLength, lineNo, QStringLiteral("byline")));
             else if (key == u"language")
-                p.Language = uint8_t(value.toInt());
+                p.Language = uint8_t(numberFromText(value, 0, GridLanguageCount - 1, lineNo, QStringLiteral("language")));
             else
                 fail(lineNo, QStringLiteral("unknown heading '%1'").arg(key));
             break;
@@ -95,29 +123,34 @@ TPuzzle PuzzleFromText(const QString &text)
             const auto m = clueLine.match(line);
             if (!m.hasMatch())
                 fail(lineNo, QStringLiteral("a clue reads like '1A text'"));
-            clues.append({m.captured(1) + m.captured(2).toUpper(), m.captured(3)});
+            clues.append({m.captured(1) + m.captured(2).toUpper(), m.captured(3), lineNo});
             break;
         }
         }
     }
     if (p.Size < 1)
         fail(int(lines.size()), QStringLiteral("no grid"));
+    // A black square holds no solver's letter, whichever of grid and entries came first.
+    for (int c = 1; c <= p.Size; ++c)
+        for (int r = 1; r <= p.Size; ++r)
+            if (p.isBlock(c, r))
+                p.Entries(c, r) = 0;
 
     for (const TWordRef &w : WordsInSlotOrder(p)) {
         const QString key = QString::number(w.Number) + (w.Dir == Direction::Across ? u'A' : u'D');
         for (qsizetype k = 0; k < clues.size(); ++k) {
-            if (clues[k].first != key)
+            if (clues[k].Key != key)
                 continue;
             if (w.Index > MaxWords)
-                fail(0, QStringLiteral("more than %1 words").arg(MaxWords));
+                fail(clues[k].Line, QStringLiteral("more than %1 words").arg(MaxWords));
             p.setSlotAt(w.Column, w.Row, w.Dir, uint16_t(w.Index));
-            p.setClue(w.Index, ToCp1252(clues[k].second));
+            p.setClue(w.Index, recordText(clues[k].Text, MaxClueLength, clues[k].Line, QStringLiteral("clue")));
             clues.removeAt(k);
             break;
         }
     }
     if (!clues.isEmpty())
-        fail(0, QStringLiteral("no word %1 for its clue").arg(clues.first().first));
+        fail(clues.first().Line, QStringLiteral("no word %1 for its clue").arg(clues.first().Key));
     return p;
 }
 

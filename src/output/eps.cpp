@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <QLocale>
 
+#include <optional>
+
 namespace {
 
 // Every line is assembled in a string of at most 255 characters; longer content is cut.
@@ -173,17 +175,37 @@ QString ShortDateToday()
 
 void WriteExportSet(const QList<TExportFile> &files)
 {
-    QStringList created;
+    // The files belong together: a failure part-way puts back every file as it was, so
+    // the user never finds a new clue list beside the pictures of an older puzzle.
+    struct Before {
+        QString Path;
+        std::optional<QByteArray> Bytes;  // none: the file did not exist
+    };
+    QList<Before> touched;
     try {
         for (const TExportFile &f : files) {
-            const bool existed = QFileInfo::exists(f.Path);
+            Before before{f.Path, std::nullopt};
+            if (QFileInfo::exists(f.Path)) {
+                QFile old(f.Path);
+                if (!old.open(QIODevice::ReadOnly))
+                    throw TPuzzleIOError(QStringLiteral("Cannot write %1: %2").arg(f.Path, old.errorString()).toStdString());
+                before.Bytes = old.readAll();
+            }
+            touched.append(before);
             WriteFileAtomically(f.Path, f.Bytes);
-            if (!existed)
-                created.append(f.Path);
         }
     } catch (const TPuzzleIOError &) {
-        for (const QString &path : std::as_const(created))
-            QFile::remove(path);
+        for (const Before &b : std::as_const(touched)) {
+            if (!b.Bytes) {
+                QFile::remove(b.Path);
+                continue;
+            }
+            try {
+                WriteFileAtomically(b.Path, *b.Bytes);
+            } catch (const TPuzzleIOError &) {
+                // The first failure is the one the user needs to hear about.
+            }
+        }
         throw;
     }
 }

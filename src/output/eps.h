@@ -34,5 +34,5 @@ QList<TExportFile> EpsExportSet(const TPuzzle &p, const QString &chosen, EpsStyl
 QString ShortDateToday();
 
 // Writes each file atomically, in order. On a failure it throws TPuzzleIOError with the
-// reason; the failing file is left as it was and files this call created are removed.
+// reason; every file is left as it was before the call (created ones are removed).
 void WriteExportSet(const QList<TExportFile> &files);

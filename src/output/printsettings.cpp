@@ -1,6 +1,10 @@
 #include "output/printsettings.h"
 
+#include "output/pageobjects.h"
+#include "settings/screenfit.h"
 #include "settings/txwdprocs.h"
+
+#include <algorithm>
 
 void ReadPrintSettings(TPrintJob &job)
 {
@@ -10,8 +14,9 @@ void ReadPrintSettings(TPrintJob &job)
     for (int i = 0; i < 4; ++i)
         job.Address[i + 1] = ReadText(Setting::Address[i]);
     job.DefsOnLeft = ReadInt(Setting::DefsOnLeft) != 0;
-    job.PageBottomMargin = ReadInt(Setting::PageBottomMargin);
-    job.PageLength = ReadInt(Setting::PageLength);
+    // Kept to what a page can take, so no line count below wraps.
+    job.PageBottomMargin = std::clamp(ReadInt(Setting::PageBottomMargin), 0, 9);
+    job.PageLength = std::clamp(ReadInt(Setting::PageLength), -PageHeight, PageHeight);
 }
 
 void ReadPrintFormats(TPrintJob &job)
@@ -27,7 +32,9 @@ bool ReadGraySquares()
 
 TPageFontChoice ReadPageFont(const TFontKeys &keys)
 {
-    return {ReadText(keys.nameKey()), ReadInt(keys.sizeKey()), ReadInt(keys.styleKey())};
+    // The puzzle page's size is stored less the grid's step, so it may be below 1.
+    return {ReadText(keys.nameKey()), std::clamp(ReadInt(keys.sizeKey()), -MaxFontPointSize, MaxFontPointSize),
+            ReadInt(keys.styleKey())};
 }
 
 void WritePageFont(const TFontKeys &keys, const TPageFontChoice &font)

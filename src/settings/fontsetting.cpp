@@ -1,6 +1,7 @@
 #include "settings/fontsetting.h"
 
 #include "settings/colors.h"
+#include "settings/screenfit.h"
 #include "settings/txwdprocs.h"
 
 #include <QFontDatabase>
@@ -20,7 +21,7 @@ TFontSetting ReadFontSetting(const TFontKeys &keys)
     TFontSetting setting;
     setting.Font.setFamily(ReadText(keys.nameKey()));
     const int size = ReadInt(keys.sizeKey());
-    setting.Font.setPointSize(size >= 1 ? size : keys.Size);
+    setting.Font.setPointSize(FitFontSize(size, keys.Size));
     ApplyFontStyle(setting.Font, ReadInt(keys.styleKey()));
     setting.Color = ReadColorSetting(keys.colorKey());
     return setting;

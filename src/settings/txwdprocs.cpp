@@ -91,6 +91,10 @@ void WriteBounds(const QString &name, int left, int top, int width, int height)
     WriteSetting(name, QStringLiteral("%1,%2,%3,%4").arg(left).arg(top).arg(width).arg(height));
 }
 
+namespace {
+constexpr int MaxBoundsValue = 1000000;
+}
+
 std::optional<QRect> ParseBounds(const QString &text)
 {
     const QStringList parts = text.split(u',');
@@ -100,7 +104,9 @@ std::optional<QRect> ParseBounds(const QString &text)
     for (int i = 0; i < 4; ++i) {
         bool ok = false;
         values[i] = parts[i].trimmed().toInt(&ok);
-        if (!ok)
+        // No screen is a million pixels across: such a number is no place a window was
+        // saved at, and would overflow the rectangle's edges.
+        if (!ok || values[i] < -MaxBoundsValue || values[i] > MaxBoundsValue)
             return std::nullopt;
     }
     return QRect(values[0], values[1], values[2], values[3]);

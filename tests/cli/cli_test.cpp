@@ -152,7 +152,39 @@ TEST(Cli, ImportAndExportTextRoundTrip)
     EXPECT_TRUE(bad.err.contains("line 3")) << bad.err.toStdString();
     ASSERT_TRUE(WriteFileBytes(dir.path("p.txt"), "size 5\ngrid\nABCDE\n.....\n.....\n.....\n.....\n"));
     EXPECT_EQ(RunCli({"import", dir.path("p.txt"), dir.path("q.xwd")}).code, 2) << "no file the program would refuse";
+    // Fields out of range are refused with their line, never wrapped or cut into a file.
+    for (const QByteArray &text : {QByteArray("size 26\nclues\n1A Clue\n"), QByteArray("size 65547\n"),
+                                   QByteArray("size 11\nlanguage 200\n"), "size 11\nbyline " + QByteArray(61, 'b'),
+                                   QByteArray("size 11\nbyline \xe4\xb8\xad\n")}) {
+        ASSERT_TRUE(WriteFileBytes(dir.path("p.txt"), text));
+        const auto r = RunCli({"import", dir.path("p.txt"), dir.path("q.xwd")});
+        EXPECT_EQ(r.code, 2) << text.constData();
+        EXPECT_TRUE(r.err.contains(QStringLiteral(": line "))) << r.err.toStdString();
+    }
     EXPECT_FALSE(QFile::exists(dir.path("q.xwd")));
+}
+
+TEST(Cli, NeedsNoDisplayAndRefusesOptionsItDoesNotKnow)
+{
+    TScratchDir dir;
+    const QString in = writeClued(dir);
+    QProcess p;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert("QT_QPA_PLATFORM", "xcb");  // a desktop's setting, over ssh with no display
+    env.remove("DISPLAY");
+    env.remove("WAYLAND_DISPLAY");
+    p.setProcessEnvironment(env);
+    p.start(QStringLiteral(QUILLMARK_CLI), {"info", in});
+    ASSERT_TRUE(p.waitForFinished(30000));
+    EXPECT_EQ(p.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(p.exitCode(), 0) << p.readAllStandardError().constData();
+
+    for (const QStringList &args : {QStringList{"-platform", "bogus", "info", in}, QStringList{"info", "-platform", "bogus", in},
+                                    QStringList{"info", in, "-reverse"}, QStringList{"export-text", in, "-", "-style=x"}}) {
+        const CliRun r = cli(args);
+        EXPECT_EQ(r.code, 1) << args.join(' ').toStdString();
+        EXPECT_TRUE(r.out.isEmpty());
+    }
 }
 
 TEST(Cli, DeflistAndBylineReachTheClueTools)
@@ -172,7 +204,9 @@ TEST(Cli, DeflistAndBylineReachTheClueTools)
     EXPECT_FALSE(QFile::exists(out)) << "a byline the puzzle cannot keep writes nothing";
     EXPECT_EQ(RunCli({"byline", "--none", in, out}).code, 0);
     EXPECT_EQ(LoadPuzzleFile(out).Puzzle.Byline.text(), QByteArray("--"));
-    EXPECT_EQ(RunCli({"byline", "--text", QString(70, u'x'), in, out}).code, 0);
+    EXPECT_EQ(RunCli({"byline", "--text", QString(61, u'x'), in, dir.path("long.xwd")}).code, 1);
+    EXPECT_FALSE(QFile::exists(dir.path("long.xwd"))) << "a byline over 60 characters is refused, not cut";
+    EXPECT_EQ(RunCli({"byline", "--text", QString(60, u'x'), in, out}).code, 0);
     EXPECT_EQ(LoadPuzzleFile(out).Puzzle.Byline.text(), QByteArray(60, 'x'));
     EXPECT_EQ(RunCli({"byline", in, out}).code, 1);
 }

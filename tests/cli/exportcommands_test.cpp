@@ -43,4 +43,12 @@ TEST(ExportCommands, FailuresEndWithTheirCodesAndWriteNothing)
     EXPECT_EQ(RunCli({"export-eps", example(), dir.path("gone/s.eps")}).code, 3);
     EXPECT_EQ(RunCli({"export-rtf", example(), dir.path("gone/s.rtf")}).code, 3);
     EXPECT_EQ(QDir(dir.path("")).entryList(QDir::Files), QStringList{"bad.xwd"});
+
+    // A set that fails at its answer picture leaves the earlier export whole.
+    ASSERT_TRUE(WriteFileBytes(dir.path("old.TXT"), "old clues"));
+    ASSERT_TRUE(WriteFileBytes(dir.path("old.WMF"), "old grid"));
+    ASSERT_TRUE(QDir(dir.path("")).mkdir("old-A.WMF"));
+    EXPECT_EQ(cli({"export-wmf", example(), dir.path("old.wmf")}).code, 3);
+    EXPECT_EQ(ReadFileBytes(dir.path("old.TXT")), "old clues");
+    EXPECT_EQ(ReadFileBytes(dir.path("old.WMF")), "old grid");
 }

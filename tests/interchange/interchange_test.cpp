@@ -70,7 +70,7 @@ void expectSameContent(const TPuzzle &a, const TPuzzle &b)
             EXPECT_EQ(a.Entries(c, r), b.Entries(c, r)) << "entry " << c << "," << r;
         }
     for (const TWordRef &w : WordsInSlotOrder(a))
-        EXPECT_EQ(a.clue(a.slotAt(w.Column, w.Row, w.Dir)), b.clue(b.slotAt(w.Column, w.Row, w.Dir)))
+        EXPECT_EQ(a.wordClue(w.Column, w.Row, w.Dir), b.wordClue(w.Column, w.Row, w.Dir))
             << w.Number << char(w.Dir);
     const auto byline = [](const TPuzzle &p) { return p.Byline.text() == "--" ? QByteArray() : p.Byline.text(); };
     EXPECT_EQ(byline(a), byline(b));

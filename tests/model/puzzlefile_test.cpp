@@ -2,6 +2,7 @@
 #include "model/puzzletext.h"
 #include "testsupport.h"
 
+#include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
 
@@ -192,4 +193,25 @@ TEST(WritePuzzle, ReplacesAFileWholeOrReportsAndKeepsTheOld)
 
     EXPECT_THROW(WritePuzzle(dir.path("no/such/folder/p.xwd")), TPuzzleIOError);
     EXPECT_THROW(WritePuzzle5(dir.path("no/such/folder/p.xwd")), TPuzzleIOError);
+}
+
+TEST(WritePuzzle, RemovesTheTemporaryFilesOfAKilledSaveOfThatPuzzleOnly)
+{
+    TScratchDir dir;
+    Puzzle = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    ASSERT_TRUE(WriteFileBytes(dir.path("p.xwd.a1B2c3"), QByteArray(9000, 'x')));  // killed mid-write
+    ASSERT_TRUE(WriteFileBytes(dir.path("p.xwd.Zz9Zz9"), QByteArray()));
+    const QStringList kept{"p.xwd.big123", "p.xwd.notes", "p.xwd.a1B2c3d", "q.xwd.a1B2c3"};
+    for (const QString &name : kept)
+        ASSERT_TRUE(WriteFileBytes(dir.path(name), QByteArray(name == u"p.xwd.big123" ? 20000 : 10, 'u')));
+
+    WritePuzzle(dir.path("p.xwd"));
+    EXPECT_EQ(QDir(dir.path("")).entryList({"p.xwd.*"}, QDir::Files),
+              (QStringList{"p.xwd.a1B2c3d", "p.xwd.big123", "p.xwd.notes"}))
+        << "only six-character leftovers no larger than a record go";
+    EXPECT_TRUE(QFile::exists(dir.path("q.xwd.a1B2c3"))) << "another puzzle's save may still be running";
+
+    ASSERT_TRUE(WriteFileBytes(dir.path("p.xwd.QQQQQQ"), "x"));
+    WritePuzzle5(dir.path("p.xwd"));
+    EXPECT_FALSE(QFile::exists(dir.path("p.xwd.QQQQQQ")));
 }

@@ -57,3 +57,64 @@ TEST(PuzzleText, MistakesAreReportedWithTheirLine)
         EXPECT_STREQ(e.what(), "line 4: the grid must be 3 rows of 3 squares");
     }
 }
+
+// Each field out of its range is refused on its own line, never wrapped, cut or replaced.
+struct OutOfRange {
+    const char *name;
+    QString text;
+    QString error;
+};
+
+class PuzzleTextRefuses : public testing::TestWithParam<OutOfRange> {};
+
+TEST_P(PuzzleTextRefuses, TheFieldOnItsLine)
+{
+    try {
+        PuzzleFromText(GetParam().text);
+        FAIL() << "accepted";
+    } catch (const TPuzzleTextError &e) {
+        EXPECT_EQ(QString::fromStdString(e.what()), GetParam().error);
+    }
+}
+
+const QString Grid3 = QStringLiteral("grid\nABC\nD#E\nFGH\n");
+
+INSTANTIATE_TEST_SUITE_P(
+    EveryField, PuzzleTextRefuses,
+    testing::Values(
+        OutOfRange{"SizeBeyondTheArrayBeforeAnyGrid", "size 26\nclues\n1A Clue\n", "line 1: the size must be from 1 to 23"},
+        OutOfRange{"SizeThatWouldWrapTo11", "size 65547\n", "line 1: the size must be from 1 to 23"},
+        OutOfRange{"SizeThatIsNoNumber", "size eleven\n", "line 1: the size must be from 1 to 23"},
+        OutOfRange{"LanguageThatWouldWrap", "size 3\nlanguage 300\n", "line 2: the language must be from 0 to 8"},
+        OutOfRange{"LanguageTheProgramDoesNotKnow", "size 3\nlanguage 9\n", "line 2: the language must be from 0 to 8"},
+        OutOfRange{"BylineOver60Characters", "size 3\nbyline " + QString(61, u'b') + "\n",
+                   "line 2: the byline holds at most 60 characters"},
+        OutOfRange{"BylineOutsideWindows1252", QString::fromUtf8("size 3\nbyline Zoë 中\n"),
+                   QString::fromUtf8("line 2: '中' in the byline is a character a puzzle cannot keep")},
+        OutOfRange{"ClueOver80Characters", "size 3\n" + Grid3 + "clues\n1A ok\n1D " + QString(81, u'c') + "\n",
+                   "line 8: the clue holds at most 80 characters"},
+        OutOfRange{"ClueOutsideWindows1252", "size 3\n" + Grid3 + "clues\n1A " + QString::fromUtf8("→ east") + "\n",
+                   QString::fromUtf8("line 7: '→' in the clue is a character a puzzle cannot keep")}),
+    [](const testing::TestParamInfo<OutOfRange> &info) { return std::string(info.param.name); });
+
+TEST(PuzzleText, FieldsAtTheirLimitsAreKeptWhole)
+{
+    const TPuzzle p = PuzzleFromText("size 23\nlanguage 8\nbyline " + QString(60, u'b') + "\ngrid\n"
+                                     + QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVW\n").repeated(23) + "clues\n1A "
+                                     + QString(80, u'c') + "\n");
+    EXPECT_EQ(p.Size, 23);
+    EXPECT_EQ(p.Language, 8);
+    EXPECT_EQ(p.Byline.text(), QByteArray(60, 'b'));
+    EXPECT_EQ(p.clue(1), QByteArray(80, 'c'));
+}
+
+TEST(PuzzleText, ABlackSquareKeepsNoSolversLetter)
+{
+    for (const char *text : {"size 3\ngrid\nAB#\nCDE\nFGH\nentries\nA,X\n...\n...\n",
+                             "size 3\nentries\nA,X\n...\n...\ngrid\nAB#\nCDE\nFGH\n"}) {
+        const TPuzzle p = PuzzleFromText(text);
+        EXPECT_EQ(p.Entries(3, 1), 0) << text;
+        EXPECT_EQ(p.Entries(2, 1), ',');
+        EXPECT_EQ(PuzzleToText(PuzzleFromText(PuzzleToText(p))), PuzzleToText(p));
+    }
+}

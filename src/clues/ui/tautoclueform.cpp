@@ -9,6 +9,7 @@
 #include "mainwindow/ui/dialogs.h"
 #include "mainwindow/ui/tsoundfx.h"
 #include "model/cp1252.h"
+#include "settings/screenfit.h"
 #include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
 #include "views/gridgeometry.h"
@@ -187,7 +188,7 @@ void TAutoclueForm::LoadSettings()
 
 void TAutoclueForm::place()
 {
-    if (const std::optional<QRect> bounds = ReadBounds(Setting::ScreenBoundsAutoclue.Name)) {
+    if (const std::optional<QRect> bounds = ReadScreenBounds(Setting::ScreenBoundsAutoclue.Name)) {
         move(bounds->topLeft());
         resize(bounds->size());
         FormResize();

@@ -21,6 +21,7 @@
 #include "model/cp1252.h"
 #include "output/ui/exportcommands.h"
 #include "output/ui/printcommands.h"
+#include "settings/screenfit.h"
 #include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
 #include "settings/ui/txwdprefform.h"
@@ -463,9 +464,11 @@ void TXwdMainForm::PuzzleOpened()
     updateActions();
     // Fitted once the commands of an open puzzle show, their menus' titles among them.
     if (firstOpen) {
-        setMinimumSize(MinimumFittedSize());
+        // Never more than the screen holds, whatever the status font.
+        setMinimumSize(MinimumFittedSize().boundedTo(AvailableScreenArea(pos()).size() - QSize(0, TitleBarAllowance)));
         setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
         resize(minimumSize());
+        move(FitBoundsToScreen(frameGeometry(), AvailableScreenArea(pos())).topLeft());
     }
 
     if (solvingNow) {

@@ -2,6 +2,7 @@
 
 #include "clues/ui/tautoclueform.h"
 #include "mainwindow/screenlayout.h"
+#include "settings/screenfit.h"
 #include "settings/txwdprocs.h"
 #include "views/gridgeometry.h"
 #include "views/ui/tcluesform.h"
@@ -16,7 +17,7 @@ namespace {
 
 std::optional<QRect> boundsFromSetting(const QString &name)
 {
-    return ReadBounds(name);
+    return ReadScreenBounds(name);
 }
 
 void writeBoundsOf(const QString &name, const QWidget *window)
@@ -33,8 +34,11 @@ QRect screenOf(const QWidget *window)
 
 void TWindowArrangement::PlaceAtStart()
 {
+    // Clear of the grid window, which opens at the top left; on the screen, title bar and all.
     if (const auto bounds = boundsFromSetting(QStringLiteral("ScreenBoundsMain")))
-        main_->move(bounds->topLeft());
+        main_->move(FitBoundsToScreen(QRect(bounds->topLeft(), main_->size() + QSize(0, TitleBarAllowance)),
+                                      AvailableScreenArea(bounds->topLeft()))
+                        .topLeft());
     else if (const QScreen *screen = main_->screen())
         main_->move(screen->availableGeometry().right() - main_->width() - 4, 2);
 }

@@ -10,6 +10,7 @@
 #include "output/printsettings.h"
 #include "output/ui/tpreviewform.h"
 #include "settings/fontsetting.h"
+#include "settings/screenfit.h"
 #include "settings/txwdprocs.h"
 
 #include <QCheckBox>

@@ -6,6 +6,7 @@
 #include "mainwindow/ui/txwdmainform.h"
 #include "model/cp1252.h"
 #include "model/puzzle.h"
+#include "settings/screenfit.h"
 #include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
 #include "views/cluelayout.h"
@@ -172,7 +173,7 @@ void TCluesForm::LoadFonts()
 
 void TCluesForm::place()
 {
-    if (const std::optional<QRect> bounds = ReadBounds(Setting::ScreenBoundsClues.Name)) {
+    if (const std::optional<QRect> bounds = ReadScreenBounds(Setting::ScreenBoundsClues.Name)) {
         move(bounds->topLeft());
         resize(bounds->size());
         return;

@@ -6,6 +6,7 @@
 #include "mainwindow/ui/appresources.h"
 #include "model/cp1252.h"
 #include "model/puzzle.h"
+#include "settings/screenfit.h"
 #include "settings/colors.h"
 #include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
@@ -128,8 +129,9 @@ int TXwdGridForm::NextSymmetry(bool restart)
 
 void TXwdGridForm::ArrangeFromSettings()
 {
-    move(GridWindowOrigin(ReadText(Setting::ScreenBoundsGrid)));
     const int extent = GridWindowExtent(Puzzle.Size, SquareSize);
+    const QPoint origin = GridWindowOrigin(ReadText(Setting::ScreenBoundsGrid));
+    move(FitBoundsToScreen(QRect(origin, QSize(extent, extent + TitleBarAllowance)), AvailableScreenArea(origin)).topLeft());
     resize(extent, extent);
 }
 
@@ -179,7 +181,7 @@ void TXwdGridForm::readAppearance()
 void TXwdGridForm::applyFontSize()
 {
     QFont letters = font();
-    letters.setPointSize(ScaledFontSize(ReadInt(Setting::GridFont.sizeKey()), SquareSize, maxSquareSize()));
+    letters.setPointSize(ScaledFontSize(FitFontSize(ReadInt(Setting::GridFont.sizeKey()), Setting::GridFont.Size), SquareSize, maxSquareSize()));
     setFont(letters);
 }
 
@@ -198,7 +200,7 @@ void TXwdGridForm::FormShow()
     Editor.LoadGridCharSet();
     Editor.Cheated = false;
     const int square = ReadInt(Setting::ScreenSquare.Name, maxSquareSize());
-    SquareSize = square >= 1 ? square : maxSquareSize();
+    SquareSize = FitSquareSize(square, maxSquareSize(), Puzzle.Size, GridWindowMargin, AvailableScreenArea(pos()));
     applyFontSize();
     ArrangeFromSettings();
     // The caller captioned the window with the file name: show it without its extension.
@@ -313,7 +315,7 @@ void TXwdGridForm::Celebrate()
     celebration_ = QImage(size() * devicePixelRatio(), QImage::Format_ARGB32_Premultiplied);
     celebration_.setDevicePixelRatio(devicePixelRatio());
     celebration_.fill(Qt::transparent);
-    QRandomGenerator random(quint32(QDateTime::currentMSecsSinceEpoch()));
+    QRandomGenerator random{quint32(QDateTime::currentMSecsSinceEpoch())};
     for (int round = 0; round < 120; ++round) {
         {
             QPainter painter(&celebration_);

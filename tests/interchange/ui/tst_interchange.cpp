@@ -28,7 +28,7 @@ bool sameGridAndClues(const TPuzzle &a, const TPuzzle &b)
             if (a.Cells(c, r) != b.Cells(c, r) || a.Entries(c, r) != b.Entries(c, r))
                 return false;
     for (const TWordRef &w : WordsInSlotOrder(a))
-        if (a.clue(a.slotAt(w.Column, w.Row, w.Dir)) != b.clue(b.slotAt(w.Column, w.Row, w.Dir)))
+        if (a.wordClue(w.Column, w.Row, w.Dir) != b.wordClue(w.Column, w.Row, w.Dir))
             return false;
     return true;
 }

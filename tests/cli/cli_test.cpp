@@ -181,7 +181,7 @@ TEST(Cli, NeedsNoDisplayAndRefusesOptionsItDoesNotKnow)
 
     for (const QStringList &args : {QStringList{"-platform", "bogus", "info", in}, QStringList{"info", "-platform", "bogus", in},
                                     QStringList{"info", in, "-reverse"}, QStringList{"export-text", in, "-", "-style=x"}}) {
-        const CliRun r = cli(args);
+        const TCliRun r = RunCli(args);
         EXPECT_EQ(r.code, 1) << args.join(' ').toStdString();
         EXPECT_TRUE(r.out.isEmpty());
     }

@@ -48,7 +48,7 @@ TEST(ExportCommands, FailuresEndWithTheirCodesAndWriteNothing)
     ASSERT_TRUE(WriteFileBytes(dir.path("old.TXT"), "old clues"));
     ASSERT_TRUE(WriteFileBytes(dir.path("old.WMF"), "old grid"));
     ASSERT_TRUE(QDir(dir.path("")).mkdir("old-A.WMF"));
-    EXPECT_EQ(cli({"export-wmf", example(), dir.path("old.wmf")}).code, 3);
+    EXPECT_EQ(RunCli({"export-wmf", example(), dir.path("old.wmf")}).code, 3);
     EXPECT_EQ(ReadFileBytes(dir.path("old.TXT")), "old clues");
     EXPECT_EQ(ReadFileBytes(dir.path("old.WMF")), "old grid");
 }

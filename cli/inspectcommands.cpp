@@ -65,7 +65,7 @@ int analyze(Arguments args, QTextStream &out)
 // The scan text as the window's edit takes it: capitals, at most 23 characters.
 QByteArray scanText(const QString &typed)
 {
-    const QByteArray text = ToCp1252(typed.toUpper().left(MaxGrid), '\0');
+    const QByteArray text = ToCp1252(UpperInCp1252(typed).left(MaxGrid), '\0');
     if (text.contains('\0'))
         throw TCliError{ExitUsage, QStringLiteral("--for has characters a grid cannot hold")};
     return text;

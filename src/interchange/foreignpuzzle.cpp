@@ -38,7 +38,7 @@ QByteArray toRecordText(const QString &text, const QString &where)
 // The letter of a square in our code page, upper-cased; 0 for none.
 uint8_t squareLetter(const QString &value, int column, int row)
 {
-    const QString letter = value.trimmed().toUpper();
+    const QString letter = UpperInCp1252(value.trimmed());
     if (letter.isEmpty())
         return 0;
     if (letter == OpenSquareLetter)

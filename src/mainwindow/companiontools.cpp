@@ -3,6 +3,8 @@
 #include "settings/txwdprocs.h"
 
 #include <QFileInfo>
+#include <QProcess>
+#include <QStandardPaths>
 
 const std::array<TCompanionTool, CompanionToolCount> &CompanionTools()
 {
@@ -31,9 +33,48 @@ QString ToolFailureMessage(const QString &caption)
     return name + QStringLiteral(" has not been properly configured.");
 }
 
+namespace {
+
+std::optional<QString> executable(const QString &program)
+{
+    if (program.isEmpty())
+        return std::nullopt;
+    // A bare name is looked up on PATH as a shell would; a name with a folder is taken as it is.
+    if (!program.contains(u'/')) {
+        const QString found = QStandardPaths::findExecutable(program);
+        if (found.isEmpty())
+            return std::nullopt;
+        return QFileInfo(found).absoluteFilePath();
+    }
+    const QFileInfo file(program);
+    if (!file.isFile() || !file.isExecutable())
+        return std::nullopt;
+    return file.absoluteFilePath();
+}
+
+}  // namespace
+
+std::optional<TToolCommand> ToolCommand(const QString &commandLine)
+{
+    const QString whole = commandLine.trimmed();
+    if (whole.isEmpty())
+        return std::nullopt;
+    if (whole.contains(u'/'))
+        if (const auto program = executable(whole))
+            return TToolCommand{*program, {}};
+    QStringList words = QProcess::splitCommand(whole);
+    if (words.isEmpty())
+        return std::nullopt;
+    const auto program = executable(words.takeFirst());
+    if (!program)
+        return std::nullopt;
+    return TToolCommand{*program, words};
+}
+
 QString CompanionWindowTitle(const QString &commandLine)
 {
-    const QString fileName = QFileInfo(commandLine).fileName();
+    const auto command = ToolCommand(commandLine);
+    const QString fileName = QFileInfo(command ? command->Program : commandLine).fileName();
     for (const TCompanionTool &tool : CompanionTools())
         if (*tool.CompanionFile && fileName.compare(QString::fromLatin1(tool.CompanionFile), Qt::CaseInsensitive) == 0)
             return QString::fromLatin1(tool.WindowTitle);

@@ -5,8 +5,10 @@
 #include "settings/settingkeys.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <array>
+#include <optional>
 
 struct TCompanionTool {
     const char *ActionName;   // "DictionaryAct", ...
@@ -26,3 +28,14 @@ QString CompanionToolPath(int tool);
 QString ToolFailureMessage(const QString &caption);
 // The window title looked for when the command line names one of our own companions.
 QString CompanionWindowTitle(const QString &commandLine);
+
+// What a tool's setting starts: the program, found by its path or on PATH, and its arguments.
+struct TToolCommand {
+    QString Program;  // absolute path of an executable file
+    QStringList Arguments;
+};
+// The setting is the whole command line. A setting that names an executable file as it
+// stands is that program (its path may hold blanks); otherwise the first word is the
+// program and the rest are its arguments, a word with blanks in double quotes. Nothing when
+// no executable program is found.
+std::optional<TToolCommand> ToolCommand(const QString &commandLine);

@@ -2,15 +2,14 @@
 
 #include <algorithm>
 
-TScreenLayout ArrangementLayout(int code, const QRect &screen, const QSize &main, const QSize &grid,
-                                const QSize &clues)
+TScreenLayout ArrangementLayout(int code, const QRect &screen, const QSize &main, const QSize &grid)
 {
     constexpr int gap = 4;
     const int left = screen.left() + gap;
     const int top = screen.top() + gap;
     const int right = screen.right() - gap;
-    // The clue list takes what the grid leaves of the screen's width, at least its own.
-    const int sideWidth = std::max(main.width(), std::min(clues.width(), screen.width() - grid.width() - 3 * gap));
+    // Beside the grid the clue list stands in one column with the main window, as wide as it.
+    const int sideWidth = main.width();
     TScreenLayout layout;
     switch (code) {
     case 2:

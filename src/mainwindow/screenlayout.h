@@ -17,5 +17,7 @@ constexpr int ArrangementCount = 4;
 // Code 1: grid at the left, main window and clue list stacked at the right.
 // Code 2: the mirror of 1. Code 3: main window across the top, grid and clue list below.
 // Code 4: grid at the left, clue list and main window stacked at the right, clues first.
-TScreenLayout ArrangementLayout(int code, const QRect &screen, const QSize &main, const QSize &grid,
-                                const QSize &clues);
+// Everything follows from the screen's available area, the main window's fitted (smallest)
+// size and the grid's size, never from where the windows stand now: each layout looks like
+// its picture whatever layout came before.
+TScreenLayout ArrangementLayout(int code, const QRect &screen, const QSize &main, const QSize &grid);

@@ -16,6 +16,8 @@ struct TFileRequest {
     QString DefaultExtension;
     QString Directory;
     QString FileName;
+    // Lists only files the user may run (and folders to reach them).
+    bool ExecutablesOnly = false;
 };
 
 struct TFileChoice {

@@ -172,11 +172,11 @@ bool TLaunchModule::Launch(int slot, const QString &commandLine)
         return true;
     }
     processes_[slot] = 0;
-    const QFileInfo program(commandLine);
-    if (!program.isFile() || !program.isExecutable())
+    const auto command = ToolCommand(commandLine);
+    if (!command)
         return false;
     qint64 pid = 0;
-    if (!QProcess::startDetached(program.absoluteFilePath(), {}, program.absolutePath(), &pid))
+    if (!QProcess::startDetached(command->Program, command->Arguments, QFileInfo(command->Program).absolutePath(), &pid))
         return false;
     processes_[slot] = pid;
     commandLines_[slot] = commandLine;

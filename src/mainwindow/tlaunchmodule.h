@@ -13,8 +13,8 @@ public:
     explicit TLaunchModule(QObject *parent = nullptr);
     ~TLaunchModule() override;
 
-    // Brings the tool in `slot` up, or starts `commandLine` (the program's path, taken
-    // whole, so a path with blanks needs no quoting). False when it cannot be started.
+    // Brings the tool in `slot` up, or starts `commandLine` (see ToolCommand: a program's
+    // path, or a program with its arguments). False when it cannot be started.
     bool Launch(int slot, const QString &commandLine);
 
     // The process started for `slot` while it still runs, else 0.

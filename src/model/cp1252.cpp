@@ -60,3 +60,19 @@ QString KeepCp1252(const QString &text, char replacement)
 {
     return FromCp1252(ToCp1252(text, replacement));
 }
+
+QString UpperInCp1252(const QString &text)
+{
+    QString upper = text;
+    for (QChar &ch : upper) {
+        const QChar capital = ch.toUpper();
+        if (capital != ch && UnicodeToCp1252(capital) >= 0)
+            ch = capital;
+    }
+    return upper;
+}
+
+QString ShownText(const QByteArray &bytes)
+{
+    return FromCp1252(QByteArray(bytes).replace('\0', ' '));
+}

@@ -18,3 +18,10 @@ QByteArray ToCp1252(const QString &text, char replacement = '?');
 // The text as it will be stored: every character with no Windows-1252 code becomes
 // `replacement`, so an edit can show the user what the puzzle keeps.
 QString KeepCp1252(const QString &text, char replacement = '?');
+// A word or line as the windows show it: an empty square (a zero byte) is a blank, never
+// a box glyph.
+QString ShownText(const QByteArray &bytes);
+// Capitals as the puzzle keeps them: each letter with a capital in Windows-1252 becomes that
+// capital (ÿ becomes Ÿ); a letter without one stays as it is (ß, µ), where Unicode's own
+// upper-casing would write "SS" or leave the code page.
+QString UpperInCp1252(const QString &text);

@@ -20,6 +20,47 @@ void addLine(QByteArray &out, const QByteArray &line)
 
 QByteArray num(int v) { return QByteArray::number(v); }
 
+// A grid letter outside A to Z: the font's standard encoding has no glyph (or a wrong one)
+// at its byte.
+bool holdsLettersBeyondAToZ(const TPuzzle &p)
+{
+    for (int r = 1; r <= p.Size; ++r)
+        for (int c = 1; c <= p.Size; ++c) {
+            const uint8_t cell = p.Cells(c, r);
+            if (cell != 0 && cell != BlockChar && cell != OpenChar && (cell < 'A' || cell > 'Z'))
+                return true;
+        }
+    return false;
+}
+
+// The lines that give `font` the Windows-1252 layout under the name `font`-1252: Latin-1
+// for the upper half, with the characters Windows-1252 keeps in 128 to 159 put in place.
+void addCp1252Font(QByteArray &out, const QByteArray &font)
+{
+    static const std::pair<int, const char *> beyondLatin1[] = {
+        {128, "Euro"},         {130, "quotesinglbase"}, {131, "florin"},       {132, "quotedblbase"},
+        {133, "ellipsis"},     {134, "dagger"},         {135, "daggerdbl"},    {136, "circumflex"},
+        {137, "perthousand"},  {138, "Scaron"},         {139, "guilsinglleft"}, {140, "OE"},
+        {142, "Zcaron"},       {145, "quoteleft"},      {146, "quoteright"},   {147, "quotedblleft"},
+        {148, "quotedblright"}, {149, "bullet"},        {150, "endash"},       {151, "emdash"},
+        {152, "tilde"},        {153, "trademark"},      {154, "scaron"},       {155, "guilsinglright"},
+        {156, "oe"},           {158, "zcaron"},         {159, "Ydieresis"},    {39, "quotesingle"},
+        {96, "grave"}};
+    addLine(out, "/" + font + " findfont dup length dict begin {1 index /FID ne {def} {pop pop} ifelse} forall");
+    addLine(out, "/Encoding ISOLatin1Encoding 256 array copy def");
+    QByteArray line = "Encoding";
+    for (const auto &[code, name] : beyondLatin1) {
+        const QByteArray put = " dup " + num(code) + " /" + name + " put";
+        if (line.size() + put.size() + 4 > 255) {
+            addLine(out, line + " pop");
+            line = "Encoding";
+        }
+        line += put;
+    }
+    addLine(out, line + " pop");
+    addLine(out, "currentdict end /" + font + "-1252 exch definefont pop");
+}
+
 }  // namespace
 
 QByteArray EpsGridText(const TPuzzle &p, GridKind kind, EpsStyle style, const QString &titlePath,
@@ -64,12 +105,19 @@ QByteArray EpsGridText(const TPuzzle &p, GridKind kind, EpsStyle style, const QS
     }
     addLine(out, num(x0 + 23) + ' ' + num(y0 - 23) + " mv");
     addLine(out, light ? ".5 setlinewidth" : "1 setlinewidth");
-    if (kind == GridKind::NumberedGrid)
+    if (kind == GridKind::NumberedGrid) {
         addLine(out, light ? "/Helvetica findfont 9 scalefont setfont"
                            : "/Helvetica-Narrow-Bold findfont 10 scalefont setfont");
-    else
+    } else if (holdsLettersBeyondAToZ(p)) {
+        // Outside English the letters must print as stored: the font is given the
+        // puzzle's character set. An English grid keeps the plain font line.
+        const QByteArray font = light ? "Helvetica" : "Helvetica-Bold";
+        addCp1252Font(out, font);
+        addLine(out, "/" + font + "-1252 findfont 16 scalefont setfont");
+    } else {
         addLine(out, light ? "/Helvetica findfont 16 scalefont setfont"
                            : "/Helvetica-Bold findfont 16 scalefont setfont");
+    }
 
     const TGridArray<int> numbers = SquareNumbers(p);
     for (int r = 1; r <= s; ++r) {

@@ -183,6 +183,10 @@ QByteArray GridPictureWmf(const TGridPicture &picture, const QString &descriptio
         if (bkMode != wantedMode)
             w.Record(TWmfWriter::META_SETBKMODE, {uint16_t(bkMode = wantedMode)});
         w.TextOut(item.At.x(), item.At.y(), item.Chars);
+        // A number is drawn clear of its square and the background is solid again after
+        // it, so a player that draws on from here meets the state it started with.
+        if (bkMode == TWmfWriter::TRANSPARENT)
+            w.Record(TWmfWriter::META_SETBKMODE, {uint16_t(bkMode = TWmfWriter::OPAQUE)});
     }
     return w.Bytes();
 }

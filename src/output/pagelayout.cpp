@@ -71,6 +71,17 @@ QFont PageFont(const QString &family, int points, int style)
     return font;
 }
 
+QFont PageFontOfHeight(const QString &family, int height, int style)
+{
+    QFont font = PageFont(family, 1, style);
+    font.setPixelSize(std::max(1, height));
+    // The height is the font's cell (ascent and descent), as the page measures text.
+    const int cell = QFontMetrics(font).height();
+    if (cell > 0 && cell != height)
+        font.setPixelSize(std::max(1, (height * height + cell / 2) / cell));
+    return font;
+}
+
 namespace {
 
 // Text is measured at the page's own resolution, one pixel to a page unit.
@@ -377,10 +388,10 @@ private:
         specFlag_ = false;
         fullHeading();
         const QString arial = QStringLiteral("Arial");
-        // The solution letters' size, round(q / 2.3) - 14, is taken in points: in page
-        // units it would print smaller than the square numbers.
+        // The solution letters' cell height, round(q / 2.3) - 14, is in page units: about
+        // 2.3 mm on Letter, so a letter sits inside its square with room around it.
         QFont gridFont = format == TPageFormat::SolutionGrid
-                             ? PageFont(arial, int(std::lround(q / 2.3)) - 14, 1)
+                             ? PageFontOfHeight(arial, int(std::lround(q / 2.3)) - 14, 1)
                              : PageFont(arial, 9);
         const int S = p_.Size;
         const int W = S * q;

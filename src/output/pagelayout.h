@@ -60,6 +60,8 @@ QString TitleForPuzzlePath(const QString &path);
 
 // A font of `points` at the page's resolution, sized in page units.
 QFont PageFont(const QString &family, int points, int style = 0);
+// A page font whose text cell is `height` page units high.
+QFont PageFontOfHeight(const QString &family, int height, int style = 0);
 
 // Every page of the checked formats, each format after the first on a new page, pages
 // numbered on from 1 across the whole run. Everything they depend on is in the job.

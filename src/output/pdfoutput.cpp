@@ -23,19 +23,32 @@ QByteArray pdfTextString(const QString &text)
     return hex + '>';
 }
 
-// QPdfWriter has no subject of its own: the entry goes into the information dictionary
-// beside the creator, and the cross-reference offsets behind it move on by its length.
-QByteArray withSubject(QByteArray pdf, const QString &subject)
+// The closing parenthesis of the literal string opening at `at`: parentheses nest, and a
+// backslash escapes the next byte.
+qsizetype literalEnd(const QByteArray &pdf, qsizetype at)
 {
-    if (subject.isEmpty())
-        return pdf;
-    const qsizetype at = pdf.indexOf("/Creator");
+    int depth = 0;
+    for (qsizetype i = at; i < pdf.size(); ++i) {
+        const char ch = pdf.at(i);
+        if (ch == '\\')
+            ++i;
+        else if (ch == '(')
+            ++depth;
+        else if (ch == ')' && --depth == 0)
+            return i;
+    }
+    return -1;
+}
+
+// Replaces pdf[at, at + length) with `text` and moves every cross-reference offset behind
+// it (and the one startxref names) on by the change in length.
+void splice(QByteArray &pdf, qsizetype at, qsizetype length, const QByteArray &text)
+{
     const qsizetype xref = pdf.lastIndexOf("\nxref\n");
     const qsizetype start = pdf.lastIndexOf("startxref\n");
     if (at < 0 || xref < at || start < xref)
-        return pdf;
-    const QByteArray entry = "/Subject " + pdfTextString(subject) + "\n";
-    const qsizetype delta = entry.size();
+        return;
+    const qsizetype delta = text.size() - length;
     // Entries: "0 N\n" then N lines of "oooooooooo ggggg n \n".
     qsizetype pos = pdf.indexOf('\n', xref + 6) + 1;
     while (pos > 0 && pos + 20 <= start) {
@@ -52,7 +65,23 @@ QByteArray withSubject(QByteArray pdf, const QString &subject)
     const qsizetype numberEnd = pdf.indexOf('\n', numberAt);
     const qint64 xrefOffset = pdf.mid(numberAt, numberEnd - numberAt).trimmed().toLongLong();
     pdf.replace(numberAt, numberEnd - numberAt, QByteArray::number(xrefOffset + delta));
-    pdf.insert(at, entry);
+    pdf.replace(at, length, text);
+}
+
+// QPdfWriter names Qt as the producer and has no subject: the information dictionary is
+// given ours, and the cross-reference offsets behind it are kept right.
+QByteArray withOurInformation(QByteArray pdf, const QString &producer, const QString &subject)
+{
+    const qsizetype key = pdf.indexOf("/Producer ");
+    if (key >= 0) {
+        const qsizetype value = key + 10;
+        const char open = pdf.at(value);
+        const qsizetype end = open == '<' ? pdf.indexOf('>', value) : open == '(' ? literalEnd(pdf, value) : -1;
+        if (end > value)
+            splice(pdf, value, end + 1 - value, pdfTextString(producer));
+    }
+    if (!subject.isEmpty())
+        splice(pdf, pdf.indexOf("/Creator"), 0, "/Subject " + pdfTextString(subject) + "\n");
     return pdf;
 }
 
@@ -78,7 +107,7 @@ QByteArray PdfDocument(const QList<TPage> &pages, const QString &title, const QS
         }
         painter.end();
     }
-    return withSubject(bytes, subject);
+    return withOurInformation(bytes, QStringLiteral("Quillmark 6"), subject);
 }
 
 void PrintToPdf(const TPuzzle &p, const TPrintJob &job, const QString &path)

@@ -3,6 +3,8 @@
 #include "settings/colors.h"
 #include "settings/txwdprocs.h"
 
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <algorithm>
 
 void ApplyFontStyle(QFont &font, int style)
@@ -44,4 +46,21 @@ TFontSetting DefaultFontSetting(const TFontKeys &keys)
     ApplyFontStyle(setting.Font, keys.Style);
     setting.Color = ColorFromSetting(keys.Color);
     return setting;
+}
+
+QFont FontForDialog(const QFont &stored)
+{
+    if (QFontDatabase::families().contains(stored.family()))
+        return stored;
+    QFont shown = stored;
+    shown.setFamily(QFontInfo(stored).family());
+    return shown;
+}
+
+QFont KeepStoredFont(const QFont &stored, const QFont &shown, const QFont &chosen)
+{
+    const bool unchanged = chosen.family() == shown.family() && chosen.pointSize() == shown.pointSize() &&
+                           chosen.bold() == shown.bold() && chosen.italic() == shown.italic() &&
+                           chosen.underline() == shown.underline() && chosen.strikeOut() == shown.strikeOut();
+    return unchanged ? stored : chosen;
 }

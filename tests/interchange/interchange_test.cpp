@@ -40,7 +40,8 @@ TPuzzle generated(int size, quint32 seed, bool full)
             const int pick = random.bounded(30);
             if (!full && pick < 6)
                 continue;
-            p.Cells(c, r) = pick == 29 ? uint8_t(201) : uint8_t('A' + pick % 26);  // 201 is É
+            // 201 is É; 223 is ß, which has no capital and must come back as itself.
+            p.Cells(c, r) = pick == 29 ? uint8_t(201) : pick == 28 ? uint8_t(223) : uint8_t('A' + pick % 26);
             if (random.bounded(3) == 0)
                 p.Entries(c, r) = uint8_t('A' + random.bounded(26));
         }

@@ -7,7 +7,7 @@ TEST(ScreenLayout, EveryArrangementKeepsTheWindowsApartAndOnTheScreen)
     const QRect screen(0, 0, 1600, 1000);
     for (int code = 1; code <= ArrangementCount; ++code) {
         SCOPED_TRACE(code);
-        const TScreenLayout layout = ArrangementLayout(code, screen, QSize(280, 200), QSize(600, 600), QSize(320, 500));
+        const TScreenLayout layout = ArrangementLayout(code, screen, QSize(280, 200), QSize(600, 600));
         for (const QRect &window : {layout.Main, layout.Grid, layout.Clues})
             EXPECT_TRUE(screen.contains(window)) << window.x() << "," << window.y() << " " << window.width() << "x"
                                                  << window.height();

@@ -37,3 +37,8 @@ TEST(Cp1252, AnEditKeepsOnlyWhatThePuzzleCanStore)
 {
     EXPECT_EQ(KeepCp1252(QStringLiteral("Caf\u00E9 \u2014 \u4E2D\u2122")), QStringLiteral("Caf\u00E9 \u2014 ?\u2122"));
 }
+
+TEST(Cp1252, CapitalsAreThoseTheCodePageHas)
+{
+    EXPECT_EQ(UpperInCp1252(QStringLiteral("straße ÿ µ éœš")), QStringLiteral("STRAßE Ÿ µ ÉŒŠ"));
+}

@@ -105,3 +105,26 @@ TEST(EpsExport, GhostscriptDrawsTheBlackSquaresOfEveryFile)
             EXPECT_GT(shade(13, 13), 170);
         }
 }
+
+TEST(EpsExport, AGermanAnswerGridPrintsEveryLetterThroughItsOwnCharacterSet)
+{
+    const TScratchDir dir;
+    TPuzzle p = PuzzleFrom(QStringLiteral("size 11\nlanguage 4\ngrid\nÄÖÜßWEIT###\n") + QString(11, '.').append('\n').repeated(10));
+    const QByteArray eps = EpsGridText(p, GridKind::AnswerGrid, EpsStyle::Regular, "G.eps", "1.1.2026");
+    for (const QByteArray &line : eps.split('\n'))
+        EXPECT_LE(line.size(), 256);
+    const QString in = dir.path("g.eps");
+    WriteFileBytes(in, eps);
+    QProcess gs;
+    gs.start(QStringLiteral("gs"), {"-q", "-dSAFER", "-dBATCH", "-dNOPAUSE", "-sDEVICE=txtwrite", "-sOutputFile=-", in});
+    ASSERT_TRUE(gs.waitForFinished(30000));
+    const QString text = QString::fromUtf8(gs.readAllStandardOutput()).simplified().remove(u' ');
+    EXPECT_TRUE(text.startsWith(QStringLiteral("ÄÖÜßWEIT"))) << text.toStdString();
+
+    // An English grid keeps its plain font line.
+    const QByteArray english =
+        EpsGridText(PuzzleFrom(QStringLiteral("size 11\ngrid\n") + QString(11, 'W').append('\n').repeated(11)),
+                    GridKind::AnswerGrid, EpsStyle::Regular, "E.eps", "1.1.2026");
+    EXPECT_TRUE(english.contains("\r\n/Helvetica-Bold findfont 16 scalefont setfont\r\n"));
+    EXPECT_FALSE(english.contains("1252"));
+}

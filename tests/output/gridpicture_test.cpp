@@ -92,3 +92,27 @@ TEST(GridPicture, LibwmfReadsBothMetafilesWithTheirSquares)
         EXPECT_TRUE(QSvgRenderer(file.Path + ".svg").isValid());
     }
 }
+
+TEST(GridPicture, MetafileNumbersAreDrawnClearAndTheBackgroundIsSolidAgainAfterEach)
+{
+    const QByteArray wmf = GridPictureWmf(DrawGridPicture(thirteen(), GridKind::NumberedGrid), "P.WMF");
+    auto word = [&](qsizetype at) { return uint16_t(uchar(wmf[at]) | uchar(wmf[at + 1]) << 8); };
+    int mode = 2;  // a new device context draws opaque
+    int numbers = 0;
+    for (qsizetype at = 18; at + 6 <= wmf.size();) {
+        const qsizetype words = word(at) | qsizetype(word(at + 2)) << 16;
+        const uint16_t function = word(at + 4);
+        if (function == 0x0102)
+            mode = word(at + 6);
+        if (function == 0x0521) {
+            EXPECT_EQ(mode, 1) << "a number drawn on an opaque background";
+            ++numbers;
+        }
+        if (function == 0x041B)
+            EXPECT_EQ(mode, 2) << "a square drawn after a number while the background is still clear";
+        ASSERT_GE(words, 3);
+        at += 2 * words;
+    }
+    EXPECT_EQ(numbers, 10 + 12 + 2 + 2);
+    EXPECT_EQ(mode, 2);
+}

@@ -94,6 +94,34 @@ TEST_F(PageLayout, GridPageSquaresAre86UnitsAndSitTwoSquaresBelowTheCentre)
     EXPECT_EQ(findText(pages[0], QStringLiteral("Size of Grid: 15\u00d7")), nullptr);
 }
 
+TEST_F(PageLayout, SolutionLettersStandInsideAndCentredInTheirSquares)
+{
+    const QList<TPage> pages = ComposePages(openGrid(15), jobOf(TPageFormat::SolutionGrid));
+    ASSERT_EQ(pages.size(), 1);
+    const QList<TPageObject> squares = ofKind(pages[0], TPageObject::RectangleItem, 2);
+    ASSERT_EQ(squares.size(), 15 * 15);
+    QImage device(1, 1, QImage::Format_RGB32);
+    device.setDotsPerMeterX(10000);
+    device.setDotsPerMeterY(10000);
+    int letters = 0;
+    for (const TPageObject &o : pages[0].Objects) {
+        if (o.Kind != TPageObject::TextItem || o.Text.size() != 1 || !o.Text[0].isLetter() || o.Y < squares[0].Y)
+            continue;
+        ++letters;
+        const QRect ink = QFontMetrics(o.Font, &device).tightBoundingRect(o.Text).translated(o.X, o.Y + o.Baseline);
+        const auto square = std::find_if(squares.begin(), squares.end(), [&](const TPageObject &s) {
+            return QRect(QPoint(s.X, s.Y), QPoint(s.X2, s.Y2)).contains(ink.center());
+        });
+        ASSERT_NE(square, squares.end()) << o.Text.toStdString();
+        const QRect box(QPoint(square->X, square->Y), QPoint(square->X2, square->Y2));
+        EXPECT_TRUE(box.adjusted(4, 4, -4, -4).contains(ink)) << o.Text.toStdString() << " runs to the square's border";
+        EXPECT_NEAR(ink.center().x(), box.center().x(), 6) << o.Text.toStdString();
+        EXPECT_NEAR(ink.center().y(), box.center().y(), 8) << o.Text.toStdString();
+        EXPECT_GE(ink.height(), 12) << "a capital about 2 mm tall";
+    }
+    EXPECT_EQ(letters, 15 * 15);
+}
+
 TEST_F(PageLayout, ManuscriptCarriesTheSpecificationColumnAndEndsWithItsGrid)
 {
     const QList<TPage> pages = ComposePages(openGrid(15), jobOf(TPageFormat::Manuscript));

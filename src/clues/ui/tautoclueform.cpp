@@ -4,6 +4,7 @@
 #include "clues/ui/tcharmapform.h"
 #include "clues/ui/tdeflistform.h"
 #include "mainwindow/puzzlestate.h"
+#include "mainwindow/ui/appresources.h"
 #include "mainwindow/ui/dialogs.h"
 #include "mainwindow/ui/tsoundfx.h"
 #include "model/cp1252.h"
@@ -57,12 +58,12 @@ QLabel *makeLabel(QWidget *parent, const char *name)
     return label;
 }
 
-QToolButton *makeToolButton(QToolBar *bar, const char *name, const QString &hint, QStyle::StandardPixmap icon)
+QToolButton *makeToolButton(QToolBar *bar, const char *name, const QString &hint, const QIcon &icon)
 {
     auto *button = new QToolButton(bar);
     button->setObjectName(QString::fromLatin1(name));
     button->setToolTip(hint);
-    button->setIcon(bar->style()->standardIcon(icon));
+    button->setIcon(icon);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus);
     bar->addWidget(button);
@@ -102,16 +103,21 @@ TAutoclueForm::TAutoclueForm(QWidget *parent) : QWidget(parent, Qt::Tool)
     ToolBar1 = new QToolBar(this);
     ToolBar1->setObjectName(QStringLiteral("ToolBar1"));
     ToolBar1->setIconSize(QSize(20, 20));
-    PrevBtn = makeToolButton(ToolBar1, "PrevBtn", QStringLiteral("Previous definition"), QStyle::SP_ArrowBack);
-    NextBtn = makeToolButton(ToolBar1, "NextBtn", QStringLiteral("Next definition"), QStyle::SP_ArrowForward);
-    BlankBtn = makeToolButton(ToolBar1, "BlankBtn", QStringLiteral("Next undefined word"), QStyle::SP_MediaSeekForward);
+    // The style's own pictures for the arrows; our glyphs for the commands a style has no
+    // picture of (its "detailed view" or "open folder" would show another command).
+    PrevBtn = makeToolButton(ToolBar1, "PrevBtn", QStringLiteral("Previous definition"),
+                             style()->standardIcon(QStyle::SP_ArrowBack));
+    NextBtn = makeToolButton(ToolBar1, "NextBtn", QStringLiteral("Next definition"),
+                             style()->standardIcon(QStyle::SP_ArrowForward));
+    BlankBtn = makeToolButton(ToolBar1, "BlankBtn", QStringLiteral("Next undefined word"),
+                              Glyph(QStringLiteral("NEXTBLANK")));
     ToolBar1->addSeparator();
-    InsertBtn = makeToolButton(ToolBar1, "InsertBtn", QStringLiteral("Paste"), QStyle::SP_DialogOpenButton);
+    InsertBtn = makeToolButton(ToolBar1, "InsertBtn", QStringLiteral("Paste"), Glyph(QStringLiteral("PASTE")));
     CharsBtn = makeToolButton(ToolBar1, "CharsBtn", QStringLiteral("Insert special character"),
-                              QStyle::SP_FileDialogDetailedView);
+                              Glyph(QStringLiteral("CHARMAP")));
     ToolBar1->addSeparator();
     ListDefsBtn = makeToolButton(ToolBar1, "ListDefsBtn", QStringLiteral("List all definitions"),
-                                 QStyle::SP_FileDialogListView);
+                                 Glyph(QStringLiteral("LISTDEFS")));
 
     ClueBar = new QToolBar(this);
     ClueBar->setObjectName(QStringLiteral("ClueBar"));
@@ -352,7 +358,7 @@ void TAutoclueForm::ShowCurrentWord(char dir)
 
     const QByteArray word = Puzzle.GetWord(Walk.WalkCol, Walk.WalkRow, dir);
     // An empty square is a zero byte in the word; it shows as a gap, not as a box glyph.
-    ClueLbl->setText(FromCp1252(QByteArray(word).replace('\0', ' ')));
+    ClueLbl->setText(ShownText(word));
     ClueLbl->adjustSize();
     if (ShowCounts) {
         CountLbl->setText(QStringLiteral("(%1)").arg(word.size()));
@@ -432,7 +438,11 @@ void TAutoclueForm::resizeEvent(QResizeEvent *event)
 
 void TAutoclueForm::closeEvent(QCloseEvent *event)
 {
-    WriteBounds(Setting::ScreenBoundsAutoclue.Name, x(), y(), width(), height());
+    // Closed from the definition list's full screen layout, Autoclue keeps its own bounds,
+    // not the strip across the top of the screen.
+    const std::optional<QRect> normal = DefListForm ? DefListForm->AutoclueNormalBounds() : std::nullopt;
+    const QRect bounds = normal.value_or(QRect(x(), y(), width(), height()));
+    WriteBounds(Setting::ScreenBoundsAutoclue.Name, bounds.x(), bounds.y(), bounds.width(), bounds.height());
     releaseCompanions();
     event->accept();
 }

@@ -42,10 +42,20 @@ void TCharMapForm::FormCreate()
     CharGrid->verticalHeader()->setMinimumSectionSize(1);
     CharGrid->horizontalHeader()->setDefaultSectionSize(cellWidth);
     CharGrid->verticalHeader()->setDefaultSectionSize(cellHeight);
+    // A cell shows its whole text: the blank "___" is drawn smaller rather than cut to "…".
+    CharGrid->setTextElideMode(Qt::ElideNone);
     for (int row = 0; row < CharMapRows; ++row) {
         for (int col = 0; col < CharMapColumns; ++col) {
-            auto *item = new QTableWidgetItem(FromCp1252(CharMapCell(col, row)));
+            const QString text = FromCp1252(CharMapCell(col, row));
+            auto *item = new QTableWidgetItem(text);
             item->setTextAlignment(Qt::AlignCenter);
+            const int room = cellWidth - 2;
+            const int wide = CharGrid->fontMetrics().horizontalAdvance(text);
+            if (wide > room) {
+                QFont small = CharGrid->font();
+                small.setPixelSize(std::max(6, CharGrid->fontInfo().pixelSize() * room / wide));
+                item->setFont(small);
+            }
             CharGrid->setItem(row, col, item);
         }
     }

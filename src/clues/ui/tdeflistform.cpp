@@ -10,19 +10,34 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QScreen>
 #include <QShowEvent>
 #include <QSplitter>
+#include <QStyledItemDelegate>
 #include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 namespace {
 
+// Every line is at least 500 pixels wide, so a narrow list scrolls across its long lines.
+class TWideLines : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        QSize size = QStyledItemDelegate::sizeHint(option, index);
+        size.setWidth(std::max(size.width(), 500));
+        return size;
+    }
+};
+
 QListWidget *makeList(QWidget *parent, const char *name)
 {
     auto *list = new QListWidget(parent);
+    list->setItemDelegate(new TWideLines(list));
     list->setObjectName(QString::fromLatin1(name));
     list->setMinimumWidth(1);
     list->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -33,11 +48,24 @@ QListWidget *makeList(QWidget *parent, const char *name)
     return list;
 }
 
+// The item shows the line with blanks for empty squares and keeps its bytes, by which the
+// line's word is found again.
+void setLine(QListWidgetItem *item, const QByteArray &line)
+{
+    item->setText(ShownText(line));
+    item->setData(Qt::UserRole, line);
+}
+
+QByteArray lineOf(const QListWidgetItem *item)
+{
+    return item->data(Qt::UserRole).toByteArray();
+}
+
 void fillList(QListWidget *list, const QList<QByteArray> &lines)
 {
     list->clear();
     for (const QByteArray &line : lines)
-        list->addItem(FromCp1252(line));
+        setLine(new QListWidgetItem(list), line);
 }
 
 }  // namespace
@@ -97,10 +125,12 @@ void TDefListForm::FormShow()
 {
     ViewBtn->setIcon(Glyph(QStringLiteral("LISTMAX")));
     ViewBtn->setToolTip(QString::fromLatin1(FullScreenEditHint));
-    const int caption = style()->pixelMetric(QStyle::PM_TitleBarHeight);
-    setMinimumHeight(caption + Panel1->sizeHint().height() + 3 * AcrList->sizeHintForRow(0));
     LoadFonts();
     Fill();
+    // Three lines of the list's own font, measured once the lines are there.
+    const int caption = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const int line = AcrList->count() > 0 ? AcrList->sizeHintForRow(0) : AcrList->fontMetrics().height();
+    setMinimumHeight(caption + Panel1->sizeHint().height() + 3 * line);
     if (!placed_)
         placeByAutoclue();
     layoutLists();
@@ -167,7 +197,7 @@ void TDefListForm::DefListMouseUp(QListWidget *list)
     if (!item || !AutoclueForm)
         return;
     const Direction d = list == AcrList ? Direction::Across : Direction::Down;
-    const TDefListTarget target = FindDefLineWord(Puzzle, ToCp1252(item->text()), d);
+    const TDefListTarget target = FindDefLineWord(Puzzle, lineOf(item), d);
     if (!target.Found)
         return;
     TAutoclueWalk &walk = AutoclueForm->Walk;
@@ -177,6 +207,16 @@ void TDefListForm::DefListMouseUp(QListWidget *list)
     walk.WalkNumber = target.Number;
     walk.WalkDir = target.Dir;
     AutoclueForm->ShowCurrentWord(target.Dir);
+    // The user goes on typing the clue.
+    AutoclueForm->activateWindow();
+    AutoclueForm->DefEdit->setFocus();
+}
+
+std::optional<QRect> TDefListForm::AutoclueNormalBounds() const
+{
+    if (ViewBtn->toolTip() == QLatin1String(FullScreenEditHint))
+        return std::nullopt;
+    return QRect(SavedBounds[4], SavedBounds[5], SavedBounds[6], SavedBounds[7]);
 }
 
 void TDefListForm::ReplaceLine(char dir, int number, const QByteArray &clue, const QByteArray &answer)
@@ -184,10 +224,10 @@ void TDefListForm::ReplaceLine(char dir, int number, const QByteArray &clue, con
     QListWidget *list = dir == 'a' ? AcrList : DwnList;
     QList<QByteArray> lines;
     for (int i = 0; i < list->count(); ++i)
-        lines.append(ToCp1252(list->item(i)->text()));
+        lines.append(lineOf(list->item(i)));
     const int row = FindDefLineIndex(lines, number);
     if (row >= 0)
-        list->item(row)->setText(FromCp1252(DefLine(number, clue, answer)));
+        setLine(list->item(row), DefLine(number, clue, answer));
 }
 
 void TDefListForm::ViewBtnClick()

@@ -3,7 +3,10 @@
 // left and DOWN on the right, while clues are written in Autoclue. A click on a line moves
 // Autoclue to that word; a button switches to a full screen layout and back.
 
+#include <QRect>
 #include <QWidget>
+
+#include <optional>
 
 class QLabel;
 class QListWidget;
@@ -29,6 +32,9 @@ public:
     // Left, top, width, height of this window, then of Autoclue, kept for the way back
     // from full screen edit.
     int16_t SavedBounds[8] = {};
+    // While the full screen layout is shown: Autoclue's bounds from before it, which are the
+    // ones worth keeping when Autoclue closes.
+    std::optional<QRect> AutoclueNormalBounds() const;
 
     void FormShow();
     // The Defs font settings, for both lists.

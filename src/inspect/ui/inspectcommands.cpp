@@ -54,7 +54,8 @@ void TransformClick(TXwdMainForm *form, QAction *action)
     // Six characters of the caption after its "&": "Flip.." for Flip, as it always read.
     const QString question =
         QStringLiteral("Some definitions may be lost in transformation. ") + action->text().mid(1, 6) + u'?';
-    if (Dialogs().Ask(form, question, false) != TAnswer::Yes)
+    // The question warns that clues can be lost.
+    if (Dialogs().AskWarning(form, question, false) != TAnswer::Yes)
         return;
     Session().Edit(action->text().remove(u'&').remove(QStringLiteral("...")), TChangeKind::Whole,
                    [kind](TPuzzle &p) { TransformPuzzle(p, kind); });

@@ -119,7 +119,7 @@ void TAnalysisForm::FormShow()
         setColour(label, a.UnkeyedSquares > 0 ? QColor(Qt::black) : Grey);
     SymLbl->setText(a.Symmetric ? QStringLiteral("OK") : QStringLiteral("NO"));
     setColour(SymLbl, a.Symmetric ? Navy : QColor(Qt::red));
-    IDLbl->setText(FromCp1252(a.Identifier));
+    IDLbl->setText(ShownText(a.Identifier));
     setWindowTitle(a.Caption);
     LtrBox->update();
 }

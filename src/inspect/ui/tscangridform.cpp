@@ -111,7 +111,7 @@ TScanGridForm::TScanGridForm(QWidget *parent) : QWidget(parent, Qt::Tool | Qt::W
 
     // The edit takes capitals only; any change of text starts a new scan.
     connect(ScanEdit, &QLineEdit::textChanged, this, [this](const QString &text) {
-        const QString upper = text.toUpper();
+        const QString upper = UpperInCp1252(text);
         if (upper != text) {
             const int at = ScanEdit->cursorPosition();
             ScanEdit->setText(upper.left(MaxGrid));
@@ -170,7 +170,7 @@ void TScanGridForm::clearList()
 
 void TScanGridForm::addItem(const QByteArray &text, int c, int r, int direction)
 {
-    ScanList->addItem(FromCp1252(text));
+    ScanList->addItem(ShownText(text));
     records_.append({QPoint((c - 1) * SquareSize, (r - 1) * SquareSize), direction});
 }
 

@@ -1,10 +1,12 @@
 #include "mainwindow/ui/dialogs.h"
 
+#include "settings/fontsetting.h"
 #include "mainwindow/ui/tsoundfx.h"
 #include "mainwindow/ui/txwdmainform.h"
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QVBoxLayout>
@@ -64,6 +66,8 @@ public:
         dialog.setDefaultSuffix(request.DefaultExtension);
         const QStringList filters = QtFileFilter(request.Filter).split(QStringLiteral(";;"));
         dialog.setNameFilters(filters);
+        if (request.ExecutablesOnly)
+            dialog.setFilter(QDir::AllDirs | QDir::Files | QDir::Executable | QDir::NoDotAndDotDot);
         if (!request.FileName.isEmpty())
             dialog.selectFile(request.FileName);
         if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
@@ -74,8 +78,9 @@ public:
     std::optional<QFont> ChooseFont(QWidget *parent, const QFont &initial) override
     {
         bool ok = false;
-        const QFont font = QFontDialog::getFont(&ok, initial, parent);
-        return ok ? std::optional<QFont>(font) : std::nullopt;
+        const QFont shown = FontForDialog(initial);
+        const QFont font = QFontDialog::getFont(&ok, shown, parent);
+        return ok ? std::optional<QFont>(KeepStoredFont(initial, shown, font)) : std::nullopt;
     }
 
     bool ChoosePrinter(QWidget *parent, QPrinter &printer) override
@@ -90,7 +95,8 @@ public:
         QDialog dialog(parent);
         dialog.setWindowTitle(QStringLiteral("Font"));
         auto *column = new QVBoxLayout(&dialog);
-        auto *fonts = new QFontDialog(initial, &dialog);
+        const QFont shown = FontForDialog(initial);
+        auto *fonts = new QFontDialog(shown, &dialog);
         fonts->setWindowFlags(Qt::Widget);
         fonts->setOptions(QFontDialog::NoButtons | QFontDialog::ScalableFonts);
         column->addWidget(fonts);
@@ -120,7 +126,7 @@ public:
         column->addWidget(buttons);
         if (dialog.exec() != QDialog::Accepted)
             return std::nullopt;
-        return TFontChoice{fonts->currentFont(), colours->currentData().value<QColor>()};
+        return TFontChoice{KeepStoredFont(initial, shown, fonts->currentFont()), colours->currentData().value<QColor>()};
     }
 };
 
@@ -144,6 +150,11 @@ int TDialogs::Exec(QDialog *dialog)
     return dialog->exec();
 }
 
+std::unique_ptr<TDialogs> MakeQtDialogs()
+{
+    return std::make_unique<TQtDialogs>();
+}
+
 TDialogs &Dialogs()
 {
     return *current();
@@ -159,8 +170,15 @@ QString QtFileFilter(const QString &windowsFilter)
 {
     const QStringList parts = windowsFilter.split(u'|');
     QStringList filters;
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
-        filters.append(QStringLiteral("%1 (%2)").arg(parts[i].trimmed(), parts[i + 1].split(u';').join(u' ')));
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString patterns = parts[i + 1].split(u';').join(u' ');
+        const QString label = parts[i].trimmed();
+        // A description that already shows its patterns is not given them twice.
+        if (label.endsWith(QStringLiteral("(%1)").arg(patterns)))
+            filters.append(QStringLiteral("%1 (%2)").arg(label.left(label.lastIndexOf(u'(')).trimmed(), patterns));
+        else
+            filters.append(QStringLiteral("%1 (%2)").arg(label, patterns));
+    }
     return filters.join(QStringLiteral(";;"));
 }
 

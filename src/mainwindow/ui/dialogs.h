@@ -45,6 +45,8 @@ public:
 
 // The dialogs in use: the real ones unless replaced.
 TDialogs &Dialogs();
+// The real dialogs, for a test that drives them.
+std::unique_ptr<TDialogs> MakeQtDialogs();
 // Replaces the dialogs (tests); returns the previous ones.
 std::unique_ptr<TDialogs> SetDialogs(std::unique_ptr<TDialogs> dialogs);
 

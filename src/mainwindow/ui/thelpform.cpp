@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QHBoxLayout>
 #include <QHelpContentWidget>
 #include <QHelpEngine>
 #include <QHelpIndexWidget>
@@ -10,6 +11,9 @@
 #include <QSplitter>
 #include <QTabWidget>
 #include <QTextBrowser>
+#include <QStyle>
+#include <QToolButton>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace {
@@ -73,8 +77,34 @@ THelpForm::THelpForm(QWidget *parent) : QWidget(parent, Qt::Window)
     splitter->addWidget(Tabs);
     splitter->addWidget(Browser);
     splitter->setStretchFactor(1, 1);
+    auto *bar = new QHBoxLayout;
+    bar->setContentsMargins(4, 2, 4, 2);
+    const auto button = [this, bar](const char *name, const QString &text, QStyle::StandardPixmap icon) {
+        auto *b = new QToolButton(this);
+        b->setObjectName(QString::fromLatin1(name));
+        b->setText(text);
+        b->setIcon(style()->standardIcon(icon));
+        b->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        b->setAutoRaise(true);
+        bar->addWidget(b);
+        return b;
+    };
+    BackBtn = button("HelpBackBtn", QStringLiteral("&Back"), QStyle::SP_ArrowBack);
+    ForwardBtn = button("HelpForwardBtn", QStringLiteral("&Forward"), QStyle::SP_ArrowForward);
+    HomeBtn = button("HelpHomeBtn", QStringLiteral("&Home"), QStyle::SP_DirHomeIcon);
+    bar->addStretch(1);
+    BackBtn->setEnabled(false);
+    ForwardBtn->setEnabled(false);
+    connect(BackBtn, &QToolButton::clicked, Browser, &QTextBrowser::backward);
+    connect(ForwardBtn, &QToolButton::clicked, Browser, &QTextBrowser::forward);
+    connect(HomeBtn, &QToolButton::clicked, this, [this] { ShowPage(HomePage()); });
+    connect(Browser, &QTextBrowser::backwardAvailable, BackBtn, &QToolButton::setEnabled);
+    connect(Browser, &QTextBrowser::forwardAvailable, ForwardBtn, &QToolButton::setEnabled);
+
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(bar);
     layout->addWidget(splitter);
     resize(820, 560);
 
@@ -95,6 +125,11 @@ THelpForm::THelpForm(QWidget *parent) : QWidget(parent, Qt::Window)
     connect(Engine->contentModel(), &QHelpContentModel::contentsCreated, this, [contents] { contents->expandToDepth(0); });
 }
 
+QUrl THelpForm::HomePage()
+{
+    return QUrl(QStringLiteral("qthelp://org.quillmark.help/doc/index.html"));
+}
+
 void THelpForm::ShowPage(const QUrl &url)
 {
     Browser->setSource(url);
@@ -104,7 +139,7 @@ void THelpForm::ShowContents()
 {
     Tabs->setCurrentIndex(0);
     if (Browser->source().isEmpty())
-        ShowPage(QUrl(QStringLiteral("qthelp://org.quillmark.help/doc/index.html")));
+        ShowPage(HomePage());
     show();
     raise();
     activateWindow();
@@ -116,7 +151,7 @@ void THelpForm::ShowIndex(const QString &keyword)
     IndexEdit->setText(keyword);
     Engine->indexWidget()->filterIndices(keyword);
     if (Browser->source().isEmpty())
-        ShowPage(QUrl(QStringLiteral("qthelp://org.quillmark.help/doc/index.html")));
+        ShowPage(HomePage());
     show();
     raise();
     activateWindow();

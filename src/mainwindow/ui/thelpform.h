@@ -6,6 +6,7 @@
 
 class QHelpEngine;
 class QLineEdit;
+class QToolButton;
 class QTabWidget;
 class QTextBrowser;
 class QUrl;
@@ -22,9 +23,14 @@ public:
     void ShowContents();
     void ShowIndex(const QString &keyword);
     void ShowPage(const QUrl &url);
+    static QUrl HomePage();
 
     QHelpEngine *Engine = nullptr;
     QTabWidget *Tabs = nullptr;
     QLineEdit *IndexEdit = nullptr;
     QTextBrowser *Browser = nullptr;
+    // Back and Forward through the pages seen; Home to the first page.
+    QToolButton *BackBtn = nullptr;
+    QToolButton *ForwardBtn = nullptr;
+    QToolButton *HomeBtn = nullptr;
 };

@@ -63,8 +63,7 @@ void TWindowArrangement::Arrange(int code, QSize minimum)
 {
     if (code < 1 || code > ArrangementCount || !XwdGridForm)
         return;
-    const QSize clues = CluesForm ? CluesForm->size() : QSize(300, 400);
-    const TScreenLayout layout = ArrangementLayout(code, screenOf(main_), main_->size(), XwdGridForm->size(), clues);
+    const TScreenLayout layout = ArrangementLayout(code, screenOf(main_), minimum, XwdGridForm->size());
     main_->move(layout.Main.topLeft());
     main_->resize(layout.Main.size().expandedTo(minimum));
     XwdGridForm->move(layout.Grid.topLeft());

@@ -192,7 +192,7 @@ QPixmap TXwdPrefForm::ScreenPicture(int number)
     };
     if (number >= 1 && number <= ArrangementCount) {
         const TScreenLayout layout =
-            ArrangementLayout(number, QRect(QPoint(0, 0), size), QSize(36, 24), QSize(60, 60), QSize(40, 60));
+            ArrangementLayout(number, QRect(QPoint(0, 0), size), QSize(36, 24), QSize(60, 60));
         window(layout.Clues, Qt::white, QStringLiteral("Clues"));
         window(layout.Grid, QColor(0xF0, 0xF0, 0xF0), QStringLiteral("Grid"));
         window(layout.Main, QColor(0xD4, 0xD0, 0xC8), QStringLiteral("Main"));
@@ -734,10 +734,19 @@ void TXwdPrefForm::BrowseBtnClick(QPushButton *button)
     const TPathRow &path = PathRows[i];
     TFileRequest request;
     request.Kind = TFileRequest::Open;
+    request.Title = QString::fromLatin1(path.Title);
+#ifdef Q_OS_WIN
     request.DefaultExtension = QStringLiteral("EXE");
     request.FileName = QString::fromLatin1(path.FileName);
-    request.Title = QString::fromLatin1(path.Title);
     request.Filter = QString::fromLatin1(path.Filter);
+#else
+    // Programs here carry no extension: any file the user may run, and nothing added to a
+    // typed name. Our own companions are offered by their name.
+    const QString name = QString::fromLatin1(path.FileName);
+    request.FileName = name.startsWith(u'*') ? QString() : name.section(u'.', 0, 0);
+    request.Filter = QStringLiteral("Programs|*");
+    request.ExecutablesOnly = true;
+#endif
     if (const auto choice = Dialogs().ChooseFile(this, request))
         PathEdits[i]->setText(choice->Path);
 }

@@ -18,6 +18,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QToolButton>
@@ -81,9 +82,13 @@ private slots:
         QCOMPARE(list->windowTitle(), QStringLiteral("Definitions"));
         QCOMPARE(list->DwnList->item(2)->text(), QStringLiteral("    3  Tree  | CGKOS"));
         QCOMPARE(list->DwnLbl->x(), list->AcrList->width());
+        // From the first showing: room for three lines, and lines 500 pixels wide to scroll.
+        QVERIFY(list->minimumHeight() >= list->AcrList->y() + 3 * list->AcrList->sizeHintForRow(0));
+        QTRY_VERIFY(list->AcrList->horizontalScrollBar()->maximum() >= 500 - list->AcrList->viewport()->width());
 
         clickLine(list->DwnList, 2);
         QCOMPARE(shown(), QStringLiteral("3  Down CGKOS"));
+        QTRY_COMPARE(QApplication::focusWidget(), autoclue->DefEdit);
         QCOMPARE(autoclue->DefEdit->text(), QStringLiteral("Tree"));
         clickLine(list->AcrList, 1);
         QCOMPARE(shown(), QStringLiteral("5  Across EFG"));
@@ -113,8 +118,12 @@ private slots:
         QCOMPARE(list->geometry(), listBounds);
         QCOMPARE(autoclue->geometry(), autoclueBounds);
 
-        // Closing Autoclue releases its companions.
+        // Closed from full screen, Autoclue keeps its own bounds; its companions go with it.
+        list->ViewBtn->click();
         autoclue->OkBtn->click();
+        const QRect kept = autoclueBounds;
+        QCOMPARE(ReadText("ScreenBoundsAutoclue"),
+                 QStringLiteral("%1,%2,%3,%4").arg(kept.x()).arg(kept.y()).arg(kept.width()).arg(kept.height()));
         QTRY_VERIFY(autoclue->DefListForm.isNull());
         QVERIFY(autoclue->CharMapForm.isNull());
     }

@@ -98,6 +98,17 @@ private slots:
         // A new letter starts over.
         QTest::keyClicks(scan->ScanEdit, "x");
         QCOMPARE(scan->ScanList->count(), 0);
+
+        // ß has no capital of its own: it stays as typed and finds its word.
+        const QByteArray grosse = ToCp1252(QStringLiteral("GROßE"));
+        for (int c = 1; c <= 5; ++c)
+            Puzzle.Cells(c, 7) = uint8_t(grosse[c - 1]);
+        scan->ScanEdit->clear();
+        QTest::keyClicks(scan->ScanEdit, QStringLiteral("ße"));
+        QCOMPARE(scan->ScanEdit->text(), QStringLiteral("ßE"));
+        QTest::keyClick(scan->ScanEdit, Qt::Key_Return);
+        QCOMPARE(scan->ScanList->count(), 1);
+        QCOMPARE(scan->ScanList->item(0)->text(), QStringLiteral("GROßE"));
     }
 
     void analysisNamesTheLanguageAndGreysTheMissingTwoLetterWords()
@@ -120,7 +131,7 @@ private slots:
         (*dialogs)->Answers = {TAnswer::No, TAnswer::Yes};
         act("FlipAct")->trigger();
         QCOMPARE((*dialogs)->Questions,
-                 QStringList{QStringLiteral("Some definitions may be lost in transformation. Flip..? [YN]")});
+                 QStringList{QStringLiteral("!Some definitions may be lost in transformation. Flip..? [YN]")});
         QVERIFY(memcmp(&before, &Puzzle, sizeof Puzzle) == 0);
         QVERIFY(!PuzzleChanged);
 

@@ -50,7 +50,7 @@ private slots:
     {
         for (const char *name : {"MOUSEACR", "MOUSEDWN", "DIAGSYMMETRY", "HORSYMMETRY", "NOTSYMMETRY", "OFFSYMMETRY",
                                  "SQUARES", "LETTERS", "AUTOCLUE", "CHEAT", "DICT", "UPDATE", "CONSTRUCT", "SOLVE",
-                                 "SAVE", "PRINT", "SCORE", "LOGO"})
+                                 "SAVE", "PRINT", "SCORE", "LOGO", "PASTE", "CHARMAP", "LISTDEFS", "NEXTBLANK"})
             for (int side : {16, 64})
                 QVERIFY2(DifferingShare(GlyphImage(name, side)) > 0.1, qPrintable(QStringLiteral("%1 at %2 px").arg(name).arg(side)));
 

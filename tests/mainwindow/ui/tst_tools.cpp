@@ -14,6 +14,7 @@
 #include <QAction>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QHelpContentModel>
 #include <QHelpContentWidget>
 #include <QHelpEngine>
@@ -21,6 +22,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTabWidget>
+#include <QRegularExpression>
 #include <QTextBrowser>
 #include <QToolButton>
 
@@ -97,6 +99,26 @@ private slots:
         QTRY_COMPARE(starts(tool), 2);
     }
 
+    void aToolSettingIsAWholeCommandLine()
+    {
+        // A program with its arguments, and a bare program name found on PATH.
+        const QString tool = makeTool("thes");
+        WriteFileBytes(tool, QStringLiteral("#!/bin/sh\necho started \"$1\" >> '%1.log'\nexec sleep 30\n").arg(tool).toUtf8());
+        WriteSetting("ThesPath", tool + " \"big words\"");
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", QFile::encodeName(dir->path(QString())) + ":" + path);
+        const auto restorePath = qScopeGuard([&] { qputenv("PATH", path); });
+        WriteSetting("ScraPath", "thes pad");
+        program->MainForm->ApplyPreferences(false, 0);
+        act("ThesaurusAct")->trigger();
+        QTRY_COMPARE(starts(tool), 1);
+        QVERIFY(ReadFileBytes(tool + ".log").contains("started big words"));
+        act("ScratchpadAct")->trigger();
+        QTRY_COMPARE(starts(tool), 2);
+        QVERIFY(ReadFileBytes(tool + ".log").contains("started pad"));
+        QVERIFY((*dialogs)->Errors.isEmpty());
+    }
+
     void aPathToNothingIsReportedByTheToolsName()
     {
         WriteSetting("ThesPath", dir->path("missing"));
@@ -123,8 +145,20 @@ private slots:
         for (int i = 0; i < contents->rowCount(root); ++i)
             chapters.append(contents->data(contents->index(i, 0, root), Qt::DisplayRole).toString());
         QCOMPARE(chapters, QStringList({"Constructing a puzzle", "Writing the clues", "Solving a puzzle",
-                                        "Printing and exporting", "Keys and mouse in the grid", "Preferences",
+                                        "Printing and exporting", "Keys, mouse and shortcuts", "Preferences",
                                         "Companion tools"}));
+        // Every link of every page leads to a page of the collection.
+        const QList<QUrl> pages = help->Engine->files(QStringLiteral("org.quillmark.help"), QString(), QStringLiteral("html"));
+        QVERIFY(pages.size() > 10);
+        const QRegularExpression href(QStringLiteral("href=\"([^\"#]+)[^\"]*\""));
+        for (const QUrl &page : pages) {
+            const QString html = QString::fromUtf8(help->Engine->fileData(page));
+            for (auto m = href.globalMatch(html); m.hasNext();) {
+                const QUrl target = page.resolved(QUrl(m.next().captured(1)));
+                QVERIFY2(!help->Engine->fileData(target).isEmpty(),
+                         qPrintable(page.fileName() + QStringLiteral(" links to a missing ") + target.toString()));
+            }
+        }
         QTRY_VERIFY(help->Browser->toPlainText().contains("Quillmark builds and solves crossword puzzles"));
 
         act("HelpKeywordAct")->trigger();
@@ -139,6 +173,15 @@ private slots:
         index->activateCurrentItem();
         QTRY_COMPARE(help->Browser->source().fileName(), QStringLiteral("constructing.html"));
         QVERIFY(help->Browser->toPlainText().contains("diagonal symmetry"));
+
+        // Back, Forward and Home walk the pages seen.
+        help->BackBtn->click();
+        QCOMPARE(help->Browser->source().fileName(), QStringLiteral("index.html"));
+        QVERIFY(help->ForwardBtn->isEnabled());
+        help->ForwardBtn->click();
+        QCOMPARE(help->Browser->source().fileName(), QStringLiteral("constructing.html"));
+        help->HomeBtn->click();
+        QCOMPARE(help->Browser->source().fileName(), QStringLiteral("index.html"));
 
         // The help window goes with the main window.
         program->MainForm->close();

@@ -11,8 +11,14 @@
 #include "uitestmain.h"
 #include "windowtest.h"
 #include "views/gridgeometry.h"
+#include "views/ui/tcluesform.h"
 #include "views/ui/txwdgridform.h"
 
+#include <QApplication>
+#include <QScreen>
+#include <QFontDialog>
+#include <QFontInfo>
+#include <QTimer>
 #include <QAction>
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -213,6 +219,37 @@ private slots:
         QCOMPARE(ReadInt("AutoArrange", -1), 2);
     }
 
+    void aLayoutLooksLikeItsPictureWhateverLayoutCameBefore()
+    {
+        newPuzzle();
+        const auto arrange = [this](int code) {
+            preferences([code](TXwdPrefForm *f) {
+                f->ViewChk->click();
+                while (f->ArrangeCode != code)
+                    f->ArrangeBtn->click();
+                f->SaveBtn->click();
+            });
+        };
+        const auto windows = [this] {
+            return QList<QRect>{program->MainForm->geometry(), program->GridForm->geometry(),
+                                program->CluesForm->geometry()};
+        };
+        arrange(1);
+        const QList<QRect> first = windows();
+        for (int before : {3, 2, 4}) {
+            arrange(before);
+            arrange(1);
+            QCOMPARE(windows(), first);
+        }
+        const QRect screen = program->MainForm->screen()->availableGeometry();
+        QCOMPARE(first[0].width(), program->MainForm->minimumWidth());
+        for (int i = 0; i < 3; ++i) {
+            QVERIFY(screen.contains(first[i]));
+            for (int j = i + 1; j < 3; ++j)
+                QVERIFY2(!first[i].intersects(first[j]), qPrintable(QStringLiteral("windows %1 and %2 overlap").arg(i).arg(j)));
+        }
+    }
+
     void defaultsResetTheVisiblePageOnly()
     {
         WriteSetting("DictPath", "/opt/dict");
@@ -241,8 +278,11 @@ private slots:
             f->findChild<QPushButton *>("MailBtn")->click();
             const TFileRequest request = (*dialogs)->FileRequests.last();
             QCOMPARE(request.Title, QStringLiteral("Link Postrunner"));
-            QCOMPARE(request.Filter, QStringLiteral("Quillmark Postrunner (*.EXE)|*.EXE"));
-            QCOMPARE(request.FileName, QStringLiteral("Postrunner.exe"));
+            // Programs here carry no extension: the dialog lists what the user may run.
+            QCOMPARE(request.Filter, QStringLiteral("Programs|*"));
+            QVERIFY(request.ExecutablesOnly);
+            QVERIFY(request.DefaultExtension.isEmpty());
+            QCOMPARE(request.FileName, QStringLiteral("Postrunner"));
             QCOMPARE(f->findChild<QLineEdit *>("MailEdit")->text(), QStringLiteral("/opt/tools/Postrunner.exe"));
 
             f->activateWindow();
@@ -275,6 +315,34 @@ private slots:
         QCOMPARE(ReadInt("DefsFontStyle", -1), 2 | 4);
         QCOMPARE(stored("DefsFontColor"), QStringLiteral("clMaroon"));
         QCOMPARE(stored("FontName"), QStringLiteral("Arial"));
+    }
+
+    void aFontDialogClosedWithOkAndNoChangeKeepsTheStoredFont()
+    {
+        // Arial is installed here only as its metric twin: the real dialog must open on
+        // that face, and OK must keep the name the settings hold.
+        WriteSetting("FontName", QStringLiteral("Arial"));
+        WriteSetting("FontStyle", 1);
+        preferences([](TXwdPrefForm *f) {
+            auto scripted = SetDialogs(MakeQtDialogs());
+            QString shownFamily;
+            QTimer accept;
+            QObject::connect(&accept, &QTimer::timeout, [&] {
+                auto *box = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+                auto *fonts = box ? box->findChild<QFontDialog *>() : nullptr;
+                if (!fonts)
+                    return;
+                shownFamily = fonts->currentFont().family();
+                box->accept();
+            });
+            accept.start(20);
+            f->FontBtn->click();
+            SetDialogs(std::move(scripted));
+            QCOMPARE(shownFamily, QFontInfo(QFont(QStringLiteral("Arial"))).family());
+            f->SaveBtn->click();
+        });
+        QCOMPARE(stored("FontName"), QStringLiteral("Arial"));
+        QCOMPARE(ReadInt("FontStyle", -1), 1);
     }
 
     void choosingALanguageLeavesOneDigitInTheSpareClueSlotEvenOnCancel()

@@ -8,6 +8,7 @@
 #include <QFontMetrics>
 #include <QImage>
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -17,6 +18,18 @@ bool TPrintJob::any() const
         if (f)
             return true;
     return false;
+}
+
+void TPrintJob::setPaper(const QPageSize &paper)
+{
+    const QSizeF mm = paper.size(QPageSize::Millimeter);
+    const int width = int(std::lround(std::min(mm.width(), mm.height()) * 10));
+    const int height = int(std::lround(std::max(mm.width(), mm.height()) * 10));
+    // A grid page needs a height of about six fifths of the width for its grid under the
+    // heading, and the manuscript about an A6 width for its widest answers: paper narrower or
+    // squarer than that gets pages of that shape, drawn scaled down to fit it.
+    PageWidth = std::max(width, 1050);
+    PageHeight = std::max(height, PageWidth * 6 / 5);
 }
 
 QColor BlockColorFor(bool gray)
@@ -155,7 +168,10 @@ private:
 
     void newPage()
     {
-        pages_.append(TPage{});
+        TPage page;
+        page.Width = job_.PageWidth;
+        page.Height = job_.PageHeight;
+        pages_.append(page);
         ++pageNumber_;
     }
     TPage &page() { return pages_.last(); }
@@ -240,17 +256,17 @@ private:
     {
         setFont(manuscriptFont(false));
         lineHeight_ = std::max(1, height() - 1);
-        leftMargin_ = PageWidth / 17;
-        topMargin_ = PageHeight / 22;
-        rightColumnOffset_ = PageWidth - 2 * leftMargin_ - 25 * width(QStringLiteral("M"));
-        linesPerPage_ = (PageHeight - 2 * topMargin_) / lineHeight_ + 1 - job_.PageBottomMargin;
+        leftMargin_ = job_.PageWidth / 17;
+        topMargin_ = job_.PageHeight / 22;
+        rightColumnOffset_ = job_.PageWidth - 2 * leftMargin_ - 25 * width(QStringLiteral("M"));
+        linesPerPage_ = (job_.PageHeight - 2 * topMargin_) / lineHeight_ + 1 - job_.PageBottomMargin;
     }
 
     void titleLine()
     {
         setFont(manuscriptFont(true));
         text(leftMargin_, topMargin_, job_.Title);
-        text(PageWidth - leftMargin_ - width(QStringLiteral("Page 00")), topMargin_,
+        text(job_.PageWidth - leftMargin_ - width(QStringLiteral("Page 00")), topMargin_,
              QStringLiteral("Page %1").arg(pageNumber_));
     }
 
@@ -291,7 +307,8 @@ private:
     void numberedLine(int clueX, int y, const QString &line)
     {
         textEndingAt(clueX + width(QStringLiteral("999")), y, line.left(3).trimmed());
-        text(clueX + width(QStringLiteral("999M")), y, line.mid(4, 60));
+        // The whole clue, however wide the paper: nothing of it is cut.
+        text(clueX + width(QStringLiteral("999M")), y, line.mid(4));
     }
 
     // Splits a line too wide for the column at a space, or with a hyphen where a word
@@ -384,7 +401,7 @@ private:
     void gridPage(TPageFormat format)
     {
         pageMetrics();
-        const int q = PageWidth / 26 + 3;
+        const int q = job_.PageWidth / 26 + 3;
         specFlag_ = false;
         fullHeading();
         const QString arial = QStringLiteral("Arial");
@@ -395,8 +412,8 @@ private:
                              : PageFont(arial, 9);
         const int S = p_.Size;
         const int W = S * q;
-        const int X0 = (PageWidth - W) / 2;
-        const int Y0 = (PageHeight - W) / 2 + 2 * q;
+        const int X0 = (job_.PageWidth - W) / 2;
+        const int Y0 = (job_.PageHeight - W) / 2 + 2 * q;
         brush_ = Qt::white;
         penWidth_ = 4;
         rectangle(X0 - 3, Y0 - 3, X0 + W + 4, Y0 + W + 4);
@@ -450,10 +467,10 @@ private:
     void puzzlePage()
     {
         const int S = p_.Size;
-        const int q = ((PageWidth / 28) * 17) / S;
-        const int m = PageWidth / 34;
+        const int q = ((job_.PageWidth / 28) * 17) / S;
+        const int m = job_.PageWidth / 34;
         const int cols = S < 19 ? 3 : 5;
-        const int w = (PageWidth - 2 * m) / cols;
+        const int w = (job_.PageWidth - 2 * m) / cols;
         const int k = PuzzlePageSizeStep(S);
         const int base = job_.PuzzlePageFont.Size;
         const QString arial = QStringLiteral("Arial");
@@ -474,9 +491,9 @@ private:
         setFont(titleFont);
         text(m, 8, job_.Title);
         if (!byline.isEmpty())
-            text(PageWidth - width(byline) - 63, rule + 8, byline);
+            text(job_.PageWidth - width(byline) - 63, rule + 8, byline);
 
-        const int L = PageHeight / h - 3 - job_.PageLength;
+        const int L = job_.PageHeight / h - 3 - job_.PageLength;
         const int Y0 = 3 * h + 10;
         const int gridRight = m + cols * w;
         const int gridLeft = gridRight - q * S;
@@ -486,6 +503,7 @@ private:
         int column = 1;
         int x = m;
         int y = Y0;
+        int columnStart = y;
         const auto belowGrid = [&] { return q * S + Y0 + h; };
         // The second of five columns stands beside the grid; every other later column
         // starts below it, on every page.
@@ -506,17 +524,33 @@ private:
             } else {
                 y = columnTop(column);
             }
+            columnStart = y;
         };
         const auto clues = [&](Direction d) {
             for (const TWordRef &word : words_) {
                 if (word.Dir != d)
                     continue;
                 setFont(clueFont);
+                const QString clue = clueText(word.Column, word.Row, d);
+                const auto pieces = [&] {
+                    const bool beside = cols == 5 && column == 2 && y < gridBottom + 3 && pages_.size() == firstPuzzlePage_;
+                    return wrapPuzzleClue(clue, (beside ? 4 * w - q * S : w) - width(QStringLiteral("999NM")));
+                };
+                QStringList lines = pieces();
+                // A clue of many lines that would run off the paper's foot starts the next
+                // column instead (on Letter only narrow columns of long clues come to that).
+                if (y + int(lines.size()) * h > job_.PageHeight - h && y > columnStart) {
+                    nextColumn();
+                    setFont(clueFont);
+                    lines = pieces();
+                }
                 textEndingAt(x + width(QStringLiteral("999")), y, QString::number(word.Number));
                 const int textX = x + width(QStringLiteral("999")) + width(QStringLiteral("N"));
-                const bool beside = cols == 5 && column == 2 && y < gridBottom + 3 && pages_.size() == firstPuzzlePage_;
-                const int usable = (beside ? 4 * w - q * S : w) - width(QStringLiteral("999NM"));
-                wrapPuzzleClue(textX, y, h, clueText(word.Column, word.Row, d), usable);
+                for (qsizetype i = 0; i < lines.size(); ++i) {
+                    if (i > 0)
+                        y += h;
+                    text(textX, y, lines[i]);
+                }
                 y += h;
                 if (L * h < y)
                     nextColumn();
@@ -539,8 +573,10 @@ private:
     }
     int firstPuzzlePage_ = 0;
 
-    void wrapPuzzleClue(int x, int &y, int h, QString clue, int usable)
+    // The lines of a clue in a column `usable` wide.
+    QStringList wrapPuzzleClue(QString clue, int usable) const
     {
+        QStringList lines;
         while (width(clue) > usable && clue.size() > 1) {
             qsizetype cut = -1;
             for (qsizetype i = clue.lastIndexOf(u' '); i > 0; i = clue.lastIndexOf(u' ', i - 1)) {
@@ -560,10 +596,10 @@ private:
                 part = clue.left(n) + u'-';
                 clue = clue.mid(n);
             }
-            text(x, y, part);
-            y += h;
+            lines.append(part);
         }
-        text(x, y, clue);
+        lines.append(clue);
+        return lines;
     }
 
     void puzzleGrid(int left, int top, int q)

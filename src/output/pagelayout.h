@@ -8,6 +8,7 @@
 
 #include <QColor>
 #include <QList>
+#include <QPageSize>
 #include <QString>
 
 // In the order their pages are produced.
@@ -42,6 +43,12 @@ struct TPrintJob {
     bool DefsOnLeft = Setting::DefsOnLeft.Default.toInt() != 0;
     int PageBottomMargin = Setting::PageBottomMargin.Default.toInt();  // lines a manuscript page leaves free
     int PageLength = Setting::PageLength.Default.toInt();              // lines the puzzle page leaves free
+    // The paper the pages are composed for, always upright (see setPaper).
+    int PageWidth = LetterWidth;
+    int PageHeight = LetterHeight;
+
+    // Composes for `paper` turned upright, whichever way round it was chosen.
+    void setPaper(const QPageSize &paper);
 
     bool has(TPageFormat f) const { return Formats[int(f)]; }
     void set(TPageFormat f, bool on) { Formats[int(f)] = on; }

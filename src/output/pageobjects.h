@@ -1,15 +1,15 @@
 #pragma once
-// The composed pages: text, lines and rectangles placed in tenths of a millimetre on a
-// US Letter page. Composed once, then drawn alike on the PDF writer, the printer and the
-// preview.
+// The composed pages: text, lines and rectangles placed in tenths of a millimetre on the
+// paper of the print job (US Letter unless it names another). Composed once, then drawn
+// alike on the PDF writer, the printer and the preview.
 
 #include <QColor>
 #include <QFont>
 #include <QList>
 #include <QString>
 
-constexpr int PageWidth = 2159;
-constexpr int PageHeight = 2794;
+constexpr int LetterWidth = 2159;
+constexpr int LetterHeight = 2794;
 // Dots per inch at which one device pixel is one tenth of a millimetre.
 constexpr int PageUnitsDpi = 254;
 
@@ -31,6 +31,9 @@ struct TPageObject {
 
 struct TPage {
     QList<TPageObject> Objects;
+    // The paper it was composed for, upright.
+    int Width = LetterWidth;
+    int Height = LetterHeight;
 
     // Every text of the page, in the order it was placed.
     QStringList texts() const;

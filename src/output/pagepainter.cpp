@@ -2,10 +2,14 @@
 
 #include <QPainter>
 
-void PaintPage(QPainter &painter, const TPage &page, double deviceWidth)
+#include <algorithm>
+
+void PaintPage(QPainter &painter, const TPage &page, const QSizeF &device)
 {
     painter.save();
-    painter.scale(deviceWidth / PageWidth, deviceWidth / PageWidth);
+    // The whole page, on paper of its shape or not: nothing may fall off the edge.
+    const double scale = std::min(device.width() / page.Width, device.height() / page.Height);
+    painter.scale(scale, scale);
     painter.setRenderHint(QPainter::Antialiasing, false);
     for (const TPageObject &o : page.Objects) {
         switch (o.Kind) {

@@ -3,7 +3,9 @@
 
 #include "output/pageobjects.h"
 
+#include <QSizeF>
+
 class QPainter;
 
-// Draws `page` scaled so that the page's width fills `deviceWidth` device pixels.
-void PaintPage(QPainter &painter, const TPage &page, double deviceWidth);
+// Draws `page` at its top left, as large as fits a `device` of that many device pixels.
+void PaintPage(QPainter &painter, const TPage &page, const QSizeF &device);

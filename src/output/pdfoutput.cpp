@@ -103,7 +103,7 @@ QByteArray PdfDocument(const QList<TPage> &pages, const QString &title, const QS
         for (qsizetype i = 0; i < pages.size(); ++i) {
             if (i > 0)
                 writer.newPage();
-            PaintPage(painter, pages[i], writer.width());
+            PaintPage(painter, pages[i], QSizeF(writer.width(), writer.height()));
         }
         painter.end();
     }
@@ -112,7 +112,11 @@ QByteArray PdfDocument(const QList<TPage> &pages, const QString &title, const QS
 
 void PrintToPdf(const TPuzzle &p, const TPrintJob &job, const QString &path)
 {
-    WriteFileAtomically(path, PdfDocument(ComposePages(p, job), job.Title, PdfSubject(p)));
+    // The PDF is a Letter document whatever paper the printer holds.
+    TPrintJob letter = job;
+    letter.PageWidth = LetterWidth;
+    letter.PageHeight = LetterHeight;
+    WriteFileAtomically(path, PdfDocument(ComposePages(p, letter), job.Title, PdfSubject(p)));
 }
 
 void TPrintToPDF::Run(const TPuzzle &p, const TPrintJob &formats) const

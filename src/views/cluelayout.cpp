@@ -1,5 +1,7 @@
 #include "views/cluelayout.h"
 
+#include <algorithm>
+
 namespace {
 
 const QString Space = QStringLiteral(" ");
@@ -38,6 +40,7 @@ int ClueListMeasureItem(const QString &text, const TTextMeasure &measure, int li
                         int lineHeight)
 {
     const int available = listWidth - scrollBarWidth;
+    lineHeight = std::max(lineHeight, measure.Height);
     int height = lineHeight;
     if (measure.Width(text) > available) {
         height += lineHeight;
@@ -63,7 +66,7 @@ TClueItemLayout ClueListDrawLayout(const QString &text, const TTextMeasure &meas
     QString &third = layout.Lines[2];
     first = text;
 
-    if (itemHeight > lineHeight + 2) {
+    if (itemHeight > std::max(lineHeight, measure.Height) + 2) {
         if (measure.Width(first) > available) {
             while (first.contains(u' ')
                    && !(measure.Width(first) < available && second.startsWith(u' ')))

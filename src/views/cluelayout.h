@@ -22,8 +22,9 @@ struct TTextMeasure {
 };
 TTextMeasure MeasureOf(const QFontMetrics &metrics);
 
-// The list box's one-line item height. It is a fixed number of the list, not the font's:
-// an item is a whole number of these lines plus 2 pixels, whatever the solve font is.
+// The list box's one-line item height: an item is a whole number of these lines plus 2
+// pixels. A solve font taller than the line gets lines of its own height, so that no
+// descender is cut.
 constexpr int ClueListLineHeight = 17;
 
 // One item per word, in reading order (the across clue before the down clue at a square

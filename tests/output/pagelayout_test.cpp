@@ -8,9 +8,12 @@
 #include <QFontMetrics>
 #include <QImage>
 #include <QMap>
+#include <QPageSize>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 namespace {
 
@@ -86,8 +89,8 @@ TEST_F(PageLayout, GridPageSquaresAre86UnitsAndSitTwoSquaresBelowTheCentre)
     EXPECT_EQ(squares[1].X - squares[0].X, 86);
     EXPECT_EQ(squares[0].X2 - squares[0].X, 87);
     const int gridMiddle = squares[0].Y + 15 * 86 / 2;
-    EXPECT_NEAR(gridMiddle, PageHeight / 2 + 2 * 86, 1);
-    EXPECT_NEAR(squares[0].X + 15 * 86 / 2, PageWidth / 2, 1);
+    EXPECT_NEAR(gridMiddle, LetterHeight / 2 + 2 * 86, 1);
+    EXPECT_NEAR(squares[0].X + 15 * 86 / 2, LetterWidth / 2, 1);
     // The grid page's heading has the address but no specification column.
     EXPECT_NE(findText(pages[0], QStringLiteral("Your Name")), nullptr);
     EXPECT_NE(findText(pages[0], QStringLiteral("Page 1")), nullptr);
@@ -149,11 +152,11 @@ TEST_F(PageLayout, DefinitionsOnTheRightPutAnswersAtTheLeftMargin)
         ASSERT_TRUE(across && answer);
         const int m = textWidth(*across, QStringLiteral("M"));
         if (left) {
-            EXPECT_EQ(across->X, PageWidth / 17);
+            EXPECT_EQ(across->X, LetterWidth / 17);
             EXPECT_GT(answer->X, across->X);
         } else {
-            EXPECT_EQ(answer->X, PageWidth / 17);
-            EXPECT_EQ(across->X, PageWidth / 17 + 25 * m);
+            EXPECT_EQ(answer->X, LetterWidth / 17);
+            EXPECT_EQ(across->X, LetterWidth / 17 + 25 * m);
         }
     }
 }
@@ -185,8 +188,8 @@ TEST_F(PageLayout, PuzzlePageColumnsFollowTheGridSize)
         const QList<TPage> pages = ComposePages(openGrid(c.size, 78, true), jobOf(TPageFormat::PuzzlePage));
         ASSERT_FALSE(pages.isEmpty());
         const TPageObject frame = ofKind(pages[0], TPageObject::RectangleItem, 4).first();
-        const int m = PageWidth / 34;
-        const int w = (PageWidth - 2 * m) / c.columns;
+        const int m = LetterWidth / 34;
+        const int w = (LetterWidth - 2 * m) / c.columns;
         QMap<int, int> columnTop;
         for (const TPageObject &o : pages[0].Objects) {
             if (o.Kind != TPageObject::TextItem || o.Y < frame.Y || (o.X > frame.X - 3 && o.Y < frame.Y2))
@@ -239,7 +242,7 @@ TEST_F(PageLayout, PuzzlePageBylineAndEveryClueEvenPastTheLastColumn)
     EXPECT_EQ(clueStarts, 46);
     for (const TPage &page : pages)
         for (const TPageObject &o : page.Objects)
-            EXPECT_LE(o.Y, PageHeight);
+            EXPECT_LE(o.Y, LetterHeight);
 
     for (const auto &[byline, printed] : {std::pair<QByteArray, QString>{"--", QString()},
                                           {"Ann Setter", QStringLiteral("by Ann Setter")}}) {
@@ -247,6 +250,43 @@ TEST_F(PageLayout, PuzzlePageBylineAndEveryClueEvenPastTheLastColumn)
         const QStringList texts = ComposePages(p, jobOf(TPageFormat::PuzzlePage)).first().texts();
         EXPECT_EQ(texts.filter(QRegularExpression(QStringLiteral("^(by |a Quillmark)"))),
                   printed.isEmpty() ? QStringList() : QStringList{printed});
+    }
+}
+
+// Pages composed for the paper they print on: A4, the narrower A5, and Ledger, named wider
+// than tall and turned upright. Everything stays on the paper and every clue stands whole
+// on the manuscript and on the puzzle page, its pieces read in the order they were placed.
+TEST_F(PageLayout, EachPaperGetsPagesThatKeepEveryClueWholeAndOnThePaper)
+{
+    const TPuzzle sample = LoadPuzzleFile(QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd")).Puzzle;
+    const TPuzzle crowded = openGrid(23, 66, true);
+    for (const auto &[name, paper, width, height] : {std::tuple{"A4", QPageSize::A4, 2100, 2970},
+                                                     {"A5", QPageSize::A5, 1480, 2100},
+                                                     {"Ledger", QPageSize::Ledger, 2794, 4318}}) {
+        for (const TPuzzle *p : {&sample, &crowded})
+            for (const TPageFormat f : {TPageFormat::Manuscript, TPageFormat::PuzzlePage}) {
+                SCOPED_TRACE(QStringLiteral("%1, a %2 grid, format %3").arg(name).arg(p->Size).arg(int(f)).toStdString());
+                TPrintJob job = jobOf(f);
+                job.setPaper(QPageSize(paper));
+                ASSERT_EQ(QSize(job.PageWidth, job.PageHeight), QSize(width, height));
+                const QList<TPage> pages = ComposePages(*p, job);
+                QStringList read;
+                for (const TPage &page : pages) {
+                    EXPECT_EQ(QSize(page.Width, page.Height), QSize(width, height));
+                    read.append(u' ' + page.texts().join(u' '));
+                    for (const TPageObject &o : page.Objects) {
+                        const QRect box = o.Kind == TPageObject::TextItem
+                                              ? QRect(o.X, o.Y, textWidth(o, o.Text), QFontMetrics(o.Font).height())
+                                              : QRect(QPoint(o.X, o.Y), QPoint(o.X2, o.Y2));
+                        EXPECT_TRUE(QRect(0, 0, width, height).contains(box)) << o.Text.toStdString();
+                    }
+                }
+                for (const TWordRef &w : WordsInSlotOrder(*p)) {
+                    const QString clue = u' ' + FromCp1252(ConvertQuotes(p->wordClue(w.Column, w.Row, w.Dir)));
+                    EXPECT_TRUE(std::any_of(read.begin(), read.end(), [&](const QString &t) { return t.contains(clue); }))
+                        << clue.toStdString();
+                }
+            }
     }
 }
 

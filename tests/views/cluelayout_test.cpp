@@ -45,8 +45,13 @@ TEST(ClueListLayout, ItemsAreOneTwoOrThreeLinesHigh)
     for (auto [text, lines] : {std::pair<QString, int>{"Short clue", 1}, {JustFits, 1}, {TwoLines, 2},
                                {ThreeLines, 3}, {longest, 3}, {NoSpaces, 2}})
         EXPECT_EQ(ClueListMeasureItem(text, Sums, ListWidth, ScrollBar), lines * 17 + 2) << text.toStdString();
-    // The line height is the list's, whatever the font.
+    // The line height is the list's, or the font's where that is taller (no descender is cut),
+    // and a one-line item of a tall font still draws on one line.
     EXPECT_EQ(ClueListMeasureItem(TwoLines, Sums, ListWidth, ScrollBar, 20), 2 * 20 + 2);
+    const TTextMeasure tall{Sums.Width, 24};
+    EXPECT_EQ(ClueListMeasureItem(TwoLines, tall, ListWidth, ScrollBar), 2 * 24 + 2);
+    EXPECT_EQ(ClueListMeasureItem(JustFits, tall, ListWidth, ScrollBar), 24 + 2);
+    EXPECT_EQ(ClueListDrawLayout(JustFits, tall, ListWidth, ScrollBar, 24 + 2).Lines[1], QString());
 }
 
 TEST(ClueListLayout, LongCluesBreakAtSpacesWithAHangingIndentAndOthersNever)

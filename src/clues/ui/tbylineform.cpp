@@ -16,6 +16,8 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QStyle>
+#include <QStyleOptionFrame>
 
 TBylineForm::TBylineForm(QWidget *parent)
     : QDialog(parent, Qt::Tool | Qt::WindowStaysOnTopHint)
@@ -28,7 +30,13 @@ TBylineForm::TBylineForm(QWidget *parent)
     BylineEdit->setObjectName(QStringLiteral("BylineEdit"));
     BylineEdit->setMaxLength(TypedBylineLength);
     BylineEdit->setContextMenuPolicy(Qt::PreventContextMenu);
-    BylineEdit->setMinimumWidth(BylineEdit->fontMetrics().averageCharWidth() * 40);
+    // Room for the longest byline in the widest letters, the field's frame and margins around it.
+    QStyleOptionFrame frame;
+    frame.initFrom(BylineEdit);
+    frame.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &frame, BylineEdit);
+    const QFontMetrics metrics = BylineEdit->fontMetrics();
+    const QSize longest(metrics.horizontalAdvance(QString(MaxBylineLength, u'W')) + 2 * 2 + 1, metrics.height());
+    BylineEdit->setMinimumWidth(style()->sizeFromContents(QStyle::CT_LineEdit, &frame, longest, BylineEdit).width());
     byLabel->setBuddy(BylineEdit);
     NobyChk = new QCheckBox(QStringLiteral("No Byline"), this);
     NobyChk->setObjectName(QStringLiteral("NobyChk"));

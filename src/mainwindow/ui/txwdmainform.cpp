@@ -31,6 +31,7 @@
 #include "web/ui/webcommands.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <QAction>
 #include <QButtonGroup>
@@ -39,8 +40,10 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextLayout>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -51,6 +54,52 @@ namespace {
 const QString HideGuides = QStringLiteral("&Hide Guidelines");
 const QString ShowGuides = QStringLiteral("S&how Guidelines");
 constexpr int ModeLineHeight = 19;
+
+// The byline panel: as many lines as the whole byline needs in the narrow main window,
+// broken at spaces, or within a word too long for a line (a byline may be one long word).
+class TBylinePanel : public QLabel {
+public:
+    using QLabel::QLabel;
+
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override
+    {
+        QTextLayout layout(text(), font());
+        const int frame = 2 * frameWidth();
+        return std::max(fontMetrics().height(), layOut(layout, width - frame - indent())) + frame;
+    }
+    QSize sizeHint() const override { return {QLabel::sizeHint().width(), heightForWidth(width())}; }
+    QSize minimumSizeHint() const override { return {0, heightForWidth(width())}; }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        drawFrame(&painter);
+        QTextLayout layout(text(), font());
+        layOut(layout, contentsRect().width() - indent());
+        painter.setPen(palette().color(foregroundRole()));
+        layout.draw(&painter, contentsRect().topLeft() + QPoint(indent(), 0));
+    }
+
+private:
+    // Lays the text out in lines of `width`; the height of them all.
+    static int layOut(QTextLayout &layout, int width)
+    {
+        QTextOption option;
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        layout.setTextOption(option);
+        layout.beginLayout();
+        qreal y = 0;
+        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+            line.setLineWidth(std::max(1, width));
+            line.setPosition(QPointF(0, y));
+            y += line.height();
+        }
+        layout.endLayout();
+        return int(std::ceil(y));
+    }
+};
 
 QAction *makeAction(QObject *parent, const char *name, const QString &caption)
 {
@@ -353,7 +402,7 @@ void TXwdMainForm::createBody()
     connect(UpdateBtn, &QPushButton::clicked, this, &TXwdMainForm::UpdateBtnClick);
     column->addWidget(UpdateBtn, 0, Qt::AlignLeft);
 
-    Byline = new QLabel(body);
+    Byline = new TBylinePanel(body);
     Byline->setObjectName(QStringLiteral("Byline"));
     Byline->setFrameShape(QFrame::StyledPanel);
     Byline->setFrameShadow(QFrame::Sunken);
@@ -422,7 +471,7 @@ QSize TXwdMainForm::MinimumFittedSize() const
     const int width = std::max({270, metrics.horizontalAdvance(QStringLiteral("MBlack Squares: 99 Par: 99M")),
                                 menuBar()->sizeHint().width()});
     const int height = menuBar()->sizeHint().height() + ToolPanel->sizeHint().height() + ModeLineHeight +
-                       5 * metrics.lineSpacing() + UpdateBtn->sizeHint().height() + Byline->sizeHint().height();
+                       5 * metrics.lineSpacing() + UpdateBtn->sizeHint().height() + Byline->heightForWidth(width);
     return {width, height};
 }
 
@@ -482,6 +531,8 @@ void TXwdMainForm::PuzzleOpened()
         ModeLabel->setText(QStringLiteral("Specifications"));
         UpdateBtnClick();
     }
+    // The byline panel takes the lines its byline needs, not the status text's room.
+    setMinimumHeight(MinimumFittedSize().height());
 }
 
 void TXwdMainForm::SquaresBtnClick()

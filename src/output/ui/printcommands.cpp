@@ -38,7 +38,7 @@ void Print1Click(TXwdMainForm *form)
             InfoWin->ShowProgress(TInfoWin::Printing, QPoint(35, 35) + (XwdGridForm ? XwdGridForm->pos() : QPoint()));
         QPrinter &printer = CurrentPrinter();
         printer.setDocName(job.Title);
-        if (!PrintPages(printer, ComposePages(Puzzle, job), 1))
+        if (!PrintPages(printer, ComposePages(Puzzle, JobForPrinter(job, printer)), 1))
             ShowPuzzleError(QStringLiteral("The printer could not be started."));
         if (InfoWin)
             InfoWin->hide();

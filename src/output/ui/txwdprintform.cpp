@@ -253,7 +253,8 @@ void TXwdPrintForm::PrintBtnClick(bool preview)
     printer.setDocName(TitleEdit->text());
     if (!Dialogs().ChoosePrinter(this, printer))
         return;
-    const QList<TPage> &pages = preview_->Pages();
+    // Composed for the paper chosen in the printer dialog.
+    const QList<TPage> &pages = preview_->ComposeFor(printer);
     PrintBar->setRange(0, int(pages.size()));
     PrintBar->setValue(0);
     const bool printed = PrintPages(printer, pages, CopyEd->value(), [this](int done) { PrintBar->setValue(done); });

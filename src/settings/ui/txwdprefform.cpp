@@ -31,6 +31,7 @@
 #include <QSpinBox>
 #include <QStackedWidget>
 #include <QStyledItemDelegate>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -195,11 +196,21 @@ QPixmap TXwdPrefForm::ScreenPicture(int number)
         p.drawText(r.adjusted(1, 5, -1, -1), Qt::AlignCenter, text);
     };
     if (number >= 1 && number <= ArrangementCount) {
+        // Laid out on a screen five times the picture's size (less a margin) with windows of
+        // ordinary sizes, then drawn a fifth as large: the layouts' gaps and least sizes are
+        // screen pixels, and on the picture's own size they would run the windows off its edges.
+        constexpr int scale = 5;
+        constexpr int margin = 2;
+        const QSize screen = (size - QSize(2 * margin, 2 * margin)) * scale;
         const TScreenLayout layout =
-            ArrangementLayout(number, QRect(QPoint(0, 0), size), QSize(36, 24), QSize(60, 60));
-        window(layout.Clues, Qt::white, QStringLiteral("Clues"));
-        window(layout.Grid, QColor(0xF0, 0xF0, 0xF0), QStringLiteral("Grid"));
-        window(layout.Main, QColor(0xD4, 0xD0, 0xC8), QStringLiteral("Main"));
+            ArrangementLayout(number, QRect(QPoint(0, 0), screen), QSize(180, 120), QSize(300, 300));
+        const auto shrink = [](const QRect &r) {
+            return QRect(QPoint(r.left() / scale, r.top() / scale), QPoint(r.right() / scale, r.bottom() / scale))
+                .translated(margin, margin);
+        };
+        window(shrink(layout.Clues), Qt::white, QStringLiteral("Clues"));
+        window(shrink(layout.Grid), QColor(0xF0, 0xF0, 0xF0), QStringLiteral("Grid"));
+        window(shrink(layout.Main), QColor(0xD4, 0xD0, 0xC8), QStringLiteral("Main"));
     } else {
         // The windows wherever the user put them.
         window(QRect(6, 14, 56, 56), QColor(0xF0, 0xF0, 0xF0), QStringLiteral("Grid"));
@@ -436,7 +447,7 @@ void TXwdPrefForm::createFonts(QWidget *page)
         sample->setObjectName(QString::fromLatin1(name));
         for (int i = 0; i < lines; ++i)
             sample->addItem(text);
-        sample->setFixedHeight(54);
+        sample->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         sample->setSelectionMode(QAbstractItemView::NoSelection);
         return sample;
     };
@@ -445,7 +456,6 @@ void TXwdPrefForm::createFonts(QWidget *page)
     AutoclueEdit = new QPlainTextEdit(QStringLiteral("Autoclue puzzle definitions"), page);
     AutoclueEdit->setObjectName(QStringLiteral("AutoclueEdit"));
     AutoclueEdit->setReadOnly(true);
-    AutoclueEdit->setFixedHeight(54);
     StatusList = list("StatusList", QStringLiteral("Status Box"), 1);
 
     struct TRow {
@@ -569,6 +579,12 @@ void TXwdPrefForm::setSampleFont(QWidget *sample, const TFontSetting &font)
     QPalette palette = sample->palette();
     palette.setColor(QPalette::Text, font.Color);
     sample->setPalette(palette);
+    // Three whole lines of the sample's own font, however large, none cut through.
+    if (auto *list = qobject_cast<QListWidget *>(sample))
+        list->setFixedHeight(3 * list->sizeHintForRow(0) + 2 * list->frameWidth());
+    else if (auto *edit = qobject_cast<QPlainTextEdit *>(sample))
+        edit->setFixedHeight(3 * edit->fontMetrics().lineSpacing() + 2 * edit->frameWidth() +
+                             2 * int(std::ceil(edit->document()->documentMargin())));
 }
 
 void TXwdPrefForm::showColours()

@@ -205,15 +205,21 @@ private slots:
         bylineAct->trigger();
         QCOMPARE(Puzzle.Byline.text(), QByteArray("--"));
 
-        // A byline of 60 set from the Name is shown and kept whole.
-        Puzzle.Byline.setText(QByteArray(60, 'n'));
+        // A byline of 60 set from the Name is shown and kept whole, in the widest letters
+        // too: the field does not scroll to show its end.
+        Puzzle.Byline.setText(QByteArray(60, 'W'));
         (*dialogs)->DialogScripts = {[](QDialog *dialog) {
             auto *form = qobject_cast<TBylineForm *>(dialog);
             QCOMPARE(form->BylineEdit->text().size(), 60);
+            // With the caret at the end, the first letter is still in view and the last too.
+            QLineEdit *edit = form->BylineEdit;
+            QCOMPARE(edit->cursorPosition(), 60);
+            QCOMPARE(edit->cursorPositionAt(QPoint(2, edit->height() / 2)), 0);
+            QCOMPARE(edit->cursorPositionAt(QPoint(edit->width() - 2, edit->height() / 2)), 60);
             form->SaveBtn->click();
         }};
         bylineAct->trigger();
-        QCOMPARE(Puzzle.Byline.text(), QByteArray(60, 'n'));
+        QCOMPARE(Puzzle.Byline.text(), QByteArray(60, 'W'));
     }
 };
 

@@ -156,6 +156,18 @@ private slots:
         QCOMPARE(main()->ModeLabel->text(), QStringLiteral("Down Clue"));
     }
 
+    void aLongBylineShowsWholeInItsPanelWhileSolving()
+    {
+        const QByteArray wide = QByteArray(Clued).replace("Ann Example", QByteArray(60, 'W'));
+        openPuzzle(makePuzzle("wide.xwd", wide.constData()), true);
+        QCoreApplication::processEvents();
+        const QLabel *byline = main()->Byline;
+        const int room = byline->contentsRect().width() - byline->indent();
+        const int lines = (byline->fontMetrics().horizontalAdvance(byline->text()) + room - 1) / room;
+        QVERIFY(lines > 1);
+        QVERIFY(byline->contentsRect().height() >= lines * byline->fontMetrics().height());
+    }
+
     void historyKeepsThreeEntriesWithTheirModes()
     {
         const QString a = makePuzzle("alpha.xwd"), b = makePuzzle("beta.xwd"), c = makePuzzle("gamma.xwd");

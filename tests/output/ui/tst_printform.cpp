@@ -17,6 +17,7 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QProcess>
 #include <QProgressBar>
@@ -64,6 +65,7 @@ private slots:
 
     void cleanup()
     {
+        CurrentPrinter().setPageSize(QPageSize(QPageSize::Letter));
         form.reset();
         preview.reset();
         tearDownWindowTest();
@@ -158,6 +160,29 @@ private slots:
         QCOMPARE((*dialogs)->PrinterRequests, 1);
         QCOMPARE(pdfPages(printed), pages);
         QCOMPARE(form->PrintBar->value(), pages);
+    }
+
+    void previewComposesUprightPagesForThePaperAndAgainWhenItChanges()
+    {
+        check({form->MSChk, form->PPChk});
+        QPrinter &printer = CurrentPrinter();
+        printer.setPageSize(QPageSize(QPageSize::A4));
+        printer.setPageOrientation(QPageLayout::Landscape);
+        QSize composed;
+        int shown = -1;
+        (*dialogs)->DialogScripts = {[&](QDialog *) {
+            composed = QSize(preview->Pages().first().Width, preview->Pages().first().Height);
+            printer.setPageSize(QPageSize(QPageSize::A5));
+            preview->findChild<QPrintPreviewWidget *>()->updatePreview();
+            shown = preview->PageCount();
+        }};
+        QTest::mouseClick(form->PrevBtn, Qt::LeftButton);
+        QCOMPARE(composed, QSize(2100, 2970));
+        QCOMPARE(printer.pageLayout().orientation(), QPageLayout::Portrait);
+        QCOMPARE(QSize(preview->Pages().first().Width, preview->Pages().first().Height), QSize(1480, 2100));
+        QCOMPARE(shown, int(preview->Pages().size()));
+        for (const QAction *action : preview->findChildren<QAction *>())
+            QVERIFY2(action->text() != QStringLiteral("Landscape") || !action->isVisible(), "no landscape on offer");
     }
 
     void printCommandOpensTheDialogOrPrintsThePuzzlePageWhenSolving()

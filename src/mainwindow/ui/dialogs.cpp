@@ -206,3 +206,9 @@ std::shared_ptr<TSessionPrompts> DialogPrompts()
 {
     return std::make_shared<TDialogPrompts>();
 }
+
+void ShowPuzzleError(const QString &text)
+{
+    PlayErrorSound();
+    Dialogs().Error(XwdMainForm, text);
+}

@@ -12,6 +12,7 @@
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/specifications.h"
 #include "mainwindow/ui/appresources.h"
+#include "mainwindow/ui/tbylinepanel.h"
 #include "mainwindow/ui/editcommands.h"
 #include "mainwindow/ui/puzzlecommands.h"
 #include "mainwindow/ui/solvingstatus.h"
@@ -21,7 +22,6 @@
 #include "model/cp1252.h"
 #include "output/ui/exportcommands.h"
 #include "output/ui/printcommands.h"
-#include "settings/screenfit.h"
 #include "settings/fontsetting.h"
 #include "settings/txwdprocs.h"
 #include "settings/ui/txwdprefform.h"
@@ -30,20 +30,15 @@
 #include "views/ui/txwdgridform.h"
 #include "web/ui/webcommands.h"
 
-#include <algorithm>
-#include <cmath>
 
 #include <QAction>
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTextLayout>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -54,52 +49,6 @@ namespace {
 const QString HideGuides = QStringLiteral("&Hide Guidelines");
 const QString ShowGuides = QStringLiteral("S&how Guidelines");
 constexpr int ModeLineHeight = 19;
-
-// The byline panel: as many lines as the whole byline needs in the narrow main window,
-// broken at spaces, or within a word too long for a line (a byline may be one long word).
-class TBylinePanel : public QLabel {
-public:
-    using QLabel::QLabel;
-
-    bool hasHeightForWidth() const override { return true; }
-    int heightForWidth(int width) const override
-    {
-        QTextLayout layout(text(), font());
-        const int frame = 2 * frameWidth();
-        return std::max(fontMetrics().height(), layOut(layout, width - frame - indent())) + frame;
-    }
-    QSize sizeHint() const override { return {QLabel::sizeHint().width(), heightForWidth(width())}; }
-    QSize minimumSizeHint() const override { return {0, heightForWidth(width())}; }
-
-protected:
-    void paintEvent(QPaintEvent *) override
-    {
-        QPainter painter(this);
-        drawFrame(&painter);
-        QTextLayout layout(text(), font());
-        layOut(layout, contentsRect().width() - indent());
-        painter.setPen(palette().color(foregroundRole()));
-        layout.draw(&painter, contentsRect().topLeft() + QPoint(indent(), 0));
-    }
-
-private:
-    // Lays the text out in lines of `width`; the height of them all.
-    static int layOut(QTextLayout &layout, int width)
-    {
-        QTextOption option;
-        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-        layout.setTextOption(option);
-        layout.beginLayout();
-        qreal y = 0;
-        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-            line.setLineWidth(std::max(1, width));
-            line.setPosition(QPointF(0, y));
-            y += line.height();
-        }
-        layout.endLayout();
-        return int(std::ceil(y));
-    }
-};
 
 QAction *makeAction(QObject *parent, const char *name, const QString &caption)
 {
@@ -124,12 +73,6 @@ bool constructing() { return Session().IsConstructing(); }
 bool solving() { return Session().IsOpen() && Session().IsSolving(); }
 
 }  // namespace
-
-void ShowPuzzleError(const QString &text)
-{
-    PlayErrorSound();
-    Dialogs().Error(XwdMainForm, text);
-}
 
 TXwdMainForm::TXwdMainForm(QWidget *parent) : QMainWindow(parent)
 {
@@ -512,13 +455,8 @@ void TXwdMainForm::PuzzleOpened()
     showSymmetry();
     updateActions();
     // Fitted once the commands of an open puzzle show, their menus' titles among them.
-    if (firstOpen) {
-        // Never more than the screen holds, whatever the status font.
-        setMinimumSize(MinimumFittedSize().boundedTo(AvailableScreenArea(pos()).size() - QSize(0, TitleBarAllowance)));
-        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-        resize(minimumSize());
-        move(FitBoundsToScreen(frameGeometry(), AvailableScreenArea(pos())).topLeft());
-    }
+    if (firstOpen)
+        arrangement_->FitMainWindow(MinimumFittedSize());
 
     if (solvingNow) {
         SymmetryBtn->setIcon(Glyph(QStringLiteral("OFFSYMMETRY")));

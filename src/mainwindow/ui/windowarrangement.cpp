@@ -86,3 +86,11 @@ void TWindowArrangement::WriteWindowBounds()
         writeBoundsOf(QStringLiteral("ScreenBoundsAutoclue"), AutoclueForm);
     WriteSetting(QStringLiteral("ScreenSquare"), SquareSize);
 }
+
+void TWindowArrangement::FitMainWindow(QSize fitted)
+{
+    main_->setMinimumSize(fitted.boundedTo(AvailableScreenArea(main_->pos()).size() - QSize(0, TitleBarAllowance)));
+    main_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    main_->resize(main_->minimumSize());
+    main_->move(FitBoundsToScreen(main_->frameGeometry(), AvailableScreenArea(main_->pos())).topLeft());
+}

@@ -18,6 +18,9 @@ public:
     void AutoArrange(QSize minimum);
     // The preferences' arrangement `code` (1 to 4) applied to the main, grid and clue windows.
     void Arrange(int code, QSize minimum);
+    // The main window at its fitted size once a puzzle first opens, never more than the
+    // screen holds whatever the status font, and on the screen.
+    void FitMainWindow(QSize fitted);
     // Stores every window's bounds and the grid's square size.
     void WriteWindowBounds();
 

@@ -110,12 +110,8 @@ TEST(Cli, UnreadableInputAndBadArgumentsFailWithOneLine)
 {
     TScratchDir dir;
     ASSERT_TRUE(WriteFileBytes(dir.path("short.xwd"), QByteArray(100, 'x')));
-    TPuzzle oversized;
-    oversized.Size = 3000;
-    ASSERT_TRUE(WriteFileBytes(dir.path("oversized.xwd"), EncodePuzzle(oversized)));
-
+    // Which files are refused is the file format's test; here how a refusal ends.
     for (const QStringList &args : {QStringList{"info", dir.path("short.xwd")}, QStringList{"info", dir.path("none.xwd")},
-                                    QStringList{"info", dir.path("oversized.xwd")},
                                     QStringList{"convert", dir.path("short.xwd"), dir.path("out.xwd")}}) {
         const TCliRun r = RunCli(args);
         EXPECT_EQ(r.code, 2);

@@ -1,26 +1,13 @@
 #include "model/puzzlefile.h"
 #include "model/puzzletext.h"
+#include "clirun.h"
 #include "testsupport.h"
 
 #include <QFile>
-#include <QProcess>
 
 #include <gtest/gtest.h>
 
 namespace {
-
-struct TCliRun {
-    int code;
-    QByteArray err;
-};
-
-TCliRun cli(const QStringList &args)
-{
-    QProcess p;
-    p.start(QStringLiteral(QUILLMARK_CLI), args);
-    EXPECT_TRUE(p.waitForFinished(30000));
-    return {p.exitCode(), p.readAllStandardError()};
-}
 
 QString writePuzzle(const TScratchDir &dir, const QString &name, const QStringList &rows)
 {
@@ -54,7 +41,7 @@ TEST(FillCli, WritesTheFilledGridOnSuccessAndNothingOnFailure)
     const QString in = corner(dir);
     const QString out = dir.path(QStringLiteral("out.xwd"));
     const QString words = wordList(dir, "bat;60\nORE\nWED\nBOW\nARE\nTED\nCAB;90\n");
-    ASSERT_EQ(cli({"fill", "--seed", "3", "--no-default-list", "--wordlist", words, in, out}).code, 0);
+    ASSERT_EQ(RunCli({"fill", "--seed", "3", "--no-default-list", "--wordlist", words, in, out}).code, 0);
     const TPuzzle filled = LoadPuzzleFile(out).Puzzle;
     EXPECT_EQ(filled.GetWord(1, 1, 'a'), "BAT");
     EXPECT_EQ(filled.GetWord(1, 3, 'a'), "WED");
@@ -62,10 +49,10 @@ TEST(FillCli, WritesTheFilledGridOnSuccessAndNothingOnFailure)
 
     // Without WED no fill exists: exit 4, the slot at fault named, no file.
     const QString none = dir.path(QStringLiteral("none.xwd"));
-    const TCliRun impossible = cli({"fill", "--no-default-list", "--wordlist",
+    const TCliRun impossible = RunCli({"fill", "--no-default-list", "--wordlist",
                                     wordList(dir, "BAT\nORE\nBOW\nARE\nTED\n"), in, none});
     EXPECT_EQ(impossible.code, 4);
-    EXPECT_TRUE(impossible.err.contains("Across") || impossible.err.contains("Down")) << impossible.err.constData();
+    EXPECT_TRUE(impossible.err.contains("Across") || impossible.err.contains("Down")) << impossible.err.toStdString();
     EXPECT_FALSE(QFile::exists(none));
 }
 
@@ -100,7 +87,7 @@ TEST(FillCli, ExitCodesForTheTimeLimitBadArgumentsAndUnreadableOrUnwritableFiles
         {"OUT cannot be written", {"fill", "--no-default-list", "--wordlist", words, in, dir.path("no/such/dir/out.xwd")}, 3},
     };
     for (const auto &c : cases) {
-        EXPECT_EQ(cli(c.args).code, c.code) << "when " << c.what;
+        EXPECT_EQ(RunCli(c.args).code, c.code) << "when " << c.what;
         EXPECT_FALSE(QFile::exists(out)) << "when " << c.what;
     }
 }

@@ -1,28 +1,15 @@
 #include "model/puzzlefile.h"
 #include "model/puzzletext.h"
+#include "clirun.h"
 #include "testsupport.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 
 #include <gtest/gtest.h>
 
 namespace {
-
-struct TCliRun {
-    int code;
-    QByteArray out;
-};
-
-TCliRun cli(const QStringList &args)
-{
-    QProcess p;
-    p.start(QStringLiteral(QUILLMARK_CLI), args);
-    EXPECT_TRUE(p.waitForFinished(30000));
-    return {p.exitCode(), p.readAllStandardOutput()};
-}
 
 // Only the test's own list, so the answers do not hang on the installed lists.
 QStringList withList(const TScratchDir &dir, const QStringList &args)
@@ -36,10 +23,10 @@ QStringList withList(const TScratchDir &dir, const QStringList &args)
 TEST(WordListCli, MatchListsBestScoreFirstThenAlphabetical)
 {
     TScratchDir dir;
-    EXPECT_EQ(cli(withList(dir, {"match", "c?t"})).out, "COT\t70\nCAT\t60\nCUT\t50\n");
-    EXPECT_EQ(cli(withList(dir, {"match", "--min-score", "55", "C?T"})).out, "COT\t70\nCAT\t60\n");
-    EXPECT_EQ(cli(withList(dir, {"match", "--count", "???"})).out, "5\n");
-    const QJsonObject o = QJsonDocument::fromJson(cli(withList(dir, {"match", "--json", "?O?"})).out).object();
+    EXPECT_EQ(RunCli(withList(dir, {"match", "c?t"})).out, "COT\t70\nCAT\t60\nCUT\t50\n");
+    EXPECT_EQ(RunCli(withList(dir, {"match", "--min-score", "55", "C?T"})).out, "COT\t70\nCAT\t60\n");
+    EXPECT_EQ(RunCli(withList(dir, {"match", "--count", "???"})).out, "5\n");
+    const QJsonObject o = QJsonDocument::fromJson(RunCli(withList(dir, {"match", "--json", "?O?"})).out).object();
     EXPECT_EQ(o["count"].toInt(), 2);
     EXPECT_EQ(o["words"].toArray()[0].toObject()["word"].toString(), "DOG");
     EXPECT_EQ(o["words"].toArray()[0].toObject()["score"].toInt(), 90);
@@ -48,13 +35,13 @@ TEST(WordListCli, MatchListsBestScoreFirstThenAlphabetical)
 TEST(WordListCli, BadPatternsAndListsEndWithTheirExitCodes)
 {
     TScratchDir dir;
-    const TCliRun accented = cli(withList(dir, {"match", QString::fromUtf8("É?")}));
+    const TCliRun accented = RunCli(withList(dir, {"match", QString::fromUtf8("É?")}));
     EXPECT_EQ(accented.code, 1) << "É is no English letter";
     EXPECT_TRUE(accented.out.isEmpty());
-    EXPECT_EQ(cli(withList(dir, {"match", "--language", "French", QString::fromUtf8("É?")})).code, 0);
-    EXPECT_EQ(cli(withList(dir, {"match", "C1T"})).code, 1);
-    EXPECT_EQ(cli(withList(dir, {"match", "--min-score", "101", "C?T"})).code, 1);
-    EXPECT_EQ(cli({"match", "--wordlist", dir.path("missing.txt"), "C?T"}).code, 2);
+    EXPECT_EQ(RunCli(withList(dir, {"match", "--language", "French", QString::fromUtf8("É?")})).code, 0);
+    EXPECT_EQ(RunCli(withList(dir, {"match", "C1T"})).code, 1);
+    EXPECT_EQ(RunCli(withList(dir, {"match", "--min-score", "101", "C?T"})).code, 1);
+    EXPECT_EQ(RunCli({"match", "--wordlist", dir.path("missing.txt"), "C?T"}).code, 2);
 }
 
 TEST(WordListCli, FillReportScoresEveryCompleteEntry)
@@ -65,12 +52,12 @@ TEST(WordListCli, FillReportScoresEveryCompleteEntry)
                                   "size 11\ngrid\nCAT#CAT#ZZ#\n"
                                   "O##########\nT#DO.######\n###########\n###########\n###########\n"
                                   "###########\n###########\n###########\n###########\n###########\n"))));
-    const QJsonObject o = QJsonDocument::fromJson(cli(withList(dir, {"fill-report", "--json", path})).out).object();
+    const QJsonObject o = QJsonDocument::fromJson(RunCli(withList(dir, {"fill-report", "--json", path})).out).object();
     EXPECT_EQ(o["entries"].toArray().size(), 4) << "the unfinished DO? is not an entry";
     ASSERT_EQ(o["notInList"].toArray().size(), 1);
     EXPECT_EQ(o["notInList"].toArray()[0].toObject()["word"].toString(), "ZZ");
     EXPECT_EQ(o["repeated"].toArray(), QJsonArray{"CAT"});
     EXPECT_EQ(o["lowest"].toArray()[0].toObject()["word"].toString(), "CAT");
     EXPECT_DOUBLE_EQ(o["averageScore"].toDouble(), (60 + 60 + 70) / 3.0);
-    EXPECT_EQ(cli({"fill-report", dir.path("missing.xwd")}).code, 2);
+    EXPECT_EQ(RunCli({"fill-report", dir.path("missing.xwd")}).code, 2);
 }

@@ -11,7 +11,7 @@ struct ParCase {
 
 class ParsBySize : public ::testing::TestWithParam<ParCase> {};
 
-TEST_P(ParsBySize, MatchTheTable)
+TEST_P(ParsBySize, MatchThePublishedTable)
 {
     EXPECT_EQ(WordPar(GetParam().size), GetParam().words);
     EXPECT_EQ(BlackPar(GetParam().size), GetParam().black);

@@ -16,7 +16,7 @@ void ReadPrintSettings(TPrintJob &job)
     job.DefsOnLeft = ReadInt(Setting::DefsOnLeft) != 0;
     // Kept to what a page can take, so no line count below wraps.
     job.PageBottomMargin = std::clamp(ReadInt(Setting::PageBottomMargin), 0, 9);
-    job.PageLength = std::clamp(ReadInt(Setting::PageLength), -PageHeight, PageHeight);
+    job.PageLength = std::clamp(ReadInt(Setting::PageLength), -LetterHeight, LetterHeight);
 }
 
 void ReadPrintFormats(TPrintJob &job)

@@ -311,7 +311,7 @@ TForeignPuzzle ReadIpuz(const QByteArray &bytes)
     const QList<TForeignWord> words = ForeignWords(f);
     for (const auto &[listed, dir, name] : {std::tuple{across, Direction::Across, QStringLiteral("Across")},
                                             std::tuple{down, Direction::Down, QStringLiteral("Down")}})
-        if (!listed && std::any_of(words.begin(), words.end(), [dir](const TForeignWord &w) { return w.Dir == dir; }))
+        if (!listed && std::any_of(words.begin(), words.end(), [d = dir](const TForeignWord &w) { return w.Dir == d; }))
             f.Notices.append(QStringLiteral("The file has no %1 clues: the %1 words were opened without them.").arg(name));
 
     f.Title = plainText(root.value(u"title").toString());

@@ -337,7 +337,10 @@ TEST(Interchange, IpuzCluesReadAsSettersPrintThem)
     EXPECT_EQ(clue(14, Direction::Across), QStringLiteral("clever ").repeated(11).trimmed());
 
     // A grid with Down words and no Down list opens, and says so.
-    o.insert(u"clues", QJsonObject{{"Across", QJsonArray{QJsonArray{1, "Only across"}}}});
+    // A list of one [number, clue] pair: spelled out, since braces around one array copy it.
+    QJsonArray onlyAcross;
+    onlyAcross.append(QJsonArray{1, "Only across"});
+    o.insert(u"clues", QJsonObject{{"Across", onlyAcross}});
     const QStringList warnings = ImportPuzzle(QJsonDocument(o).toJson(), TFileKind::Ipuz).Warnings;
     EXPECT_TRUE(warnings.join(u' ').contains(u"no Down clues")) << warnings.join(u' ').toStdString();
 }

@@ -228,7 +228,15 @@ TWordFinderForm::TWordFinderForm(QWidget *parent) : QWidget(parent, Qt::Tool)
     resize(420, 560);
 }
 
-TWordFinderForm::~TWordFinderForm() = default;
+TWordFinderForm::~TWordFinderForm()
+{
+    // The model reads the list in place: it lets go of it before the list goes, as the
+    // views ask it for their sizes while they are taken down.
+    if (model_)
+        model_->reset(nullptr, nullptr);
+    if (XwdGridForm)
+        XwdGridForm->removeEventFilter(this);
+}
 
 void TWordFinderForm::scheduleRefresh()
 {

@@ -68,6 +68,9 @@ struct TCliCommand {
     QString Name;
     QString Usage;
     std::function<int(Arguments, QTextStream &)> Run;
+    // Whether the command measures or draws text, which needs the GUI library; those that
+    // do not load it, and start in about a third of the time.
+    bool Draws = true;
 };
 
 // The commands on puzzle files themselves (info, new, convert, import, export-text).

@@ -68,6 +68,6 @@ QList<TCliCommand> FillCommands()
                         "       [--no-default-list] IN OUT\n"
                         "      Fills the empty and open squares of IN from the word lists and writes OUT.\n"
                         "      Exit 4 when no fill exists, 5 when the time limit ran out.\n\n"),
-         fill},
+         fill, false},
     };
 }

@@ -4,6 +4,9 @@
 
 #include <QGuiApplication>
 
+#include <algorithm>
+#include <memory>
+
 namespace {
 
 // Every command, in the order the help text lists them.
@@ -30,12 +33,11 @@ QString UsageText(const QList<TCliCommand> &commands)
     return text;
 }
 
-int run(QStringList args, QTextStream &out)
+int run(QStringList args, const QList<TCliCommand> &commands, QTextStream &out)
 {
     if (args.isEmpty())
         throw TCliError{ExitUsage, QStringLiteral("no command; see quillmark-cli --help")};
     const QString command = args.takeFirst();
-    const QList<TCliCommand> commands = AllCommands();
     if (command == u"help" || command == u"--help" || command == u"-h") {
         out << UsageText(commands);
         return 0;
@@ -58,12 +60,17 @@ int main(int argc, char *argv[])
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
+    const QList<TCliCommand> commands = AllCommands();
+    const bool draws = arguments.isEmpty() || std::ranges::any_of(commands, [&](const TCliCommand &c) {
+        return c.Name == arguments.first() && c.Draws;
+    });
     int qtArgc = 1;
-    QGuiApplication app(qtArgc, argv);
+    const std::unique_ptr<QCoreApplication> app =
+        draws ? std::make_unique<QGuiApplication>(qtArgc, argv) : std::make_unique<QCoreApplication>(qtArgc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);
     try {
-        const int code = run(arguments, out);
+        const int code = run(arguments, commands, out);
         out.flush();
         return code;
     } catch (const TCliError &e) {

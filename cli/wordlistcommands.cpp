@@ -136,10 +136,10 @@ QList<TCliCommand> WordListCommands()
         [--count] [--json] PATTERN
       Lists the words that fit PATTERN (letters, ? for any letter), one WORD<TAB>SCORE a
       line, best score first, then alphabetical; --count prints only how many.
-)") + WordListOptionsUsage(), match},
+)") + WordListOptionsUsage(), match, false},
         {QStringLiteral("fill-report"), QStringLiteral(R"(  fill-report [--json] [word-list options] FILE
       Every complete entry of the grid with its score, the entries in no list, the
       lowest-scoring entries, repeated entries and the average score.
-)"), fillReport},
+)"), fillReport, false},
     };
 }

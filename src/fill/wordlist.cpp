@@ -416,9 +416,9 @@ const TWordList &DefaultWordList(int language)
     std::call_once(once[l], [&] {
         TWordList &words = lists[l];
         for (const TDefaultListFile &f : DefaultListFiles(int(l))) {
-            const TReadList read = ReadWordListFile(f.Path, int(l), f.Score);
+            TReadList read = ReadWordListFile(f.Path, int(l), f.Score);
             if (words.isEmpty()) {
-                words = read.Words;
+                words = std::move(read.Words);
                 continue;
             }
             for (int i = 0; i < read.Words.size(); ++i)
@@ -496,9 +496,10 @@ TLoadedWords LoadWordLists(const TWordListConfig &config)
                 words.addIfAbsent(std::string_view(n.constData(), size_t(n.size())), w.Score);
         }
     }
-    auto merge = [&](const TWordList &list) {
+    auto merge = [&](auto &&list) {
         if (words.isEmpty()) {
-            words = list;
+            // A list read from a file is taken whole; the default lists are shared, so copied.
+            words = std::forward<decltype(list)>(list);
             return;
         }
         words.reserve(words.size() + list.size(), 0);
@@ -517,7 +518,7 @@ TLoadedWords LoadWordLists(const TWordListConfig &config)
             continue;
         }
         const QString name = QFileInfo(source.Path).fileName();
-        const TReadList read = ReadWordListFile(source.Path, config.Language);
+        TReadList read = ReadWordListFile(source.Path, config.Language);
         if (read.Unreadable) {
             result.Unreadable.append(source.Path);
             result.Problems.append(QStringLiteral("%1: %2; the list is skipped")
@@ -526,7 +527,7 @@ TLoadedWords LoadWordLists(const TWordListConfig &config)
         }
         for (const TListProblem &problem : read.Problems)
             result.Problems.append(QStringLiteral("%1: line %2: %3").arg(name).arg(problem.Line).arg(problem.Message));
-        merge(read.Words);
+        merge(std::move(read.Words));
     }
     if (excluded.isEmpty() && config.MinScore <= 0)
         return result;

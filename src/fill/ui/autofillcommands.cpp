@@ -1,6 +1,7 @@
 #include "fill/ui/autofillcommands.h"
 
 #include "fill/fillengine.h"
+#include "fill/ui/squareoverlay.h"
 #include "fill/wordlistservice.h"
 #include "mainwindow/puzzlesession.h"
 #include "mainwindow/puzzlestate.h"
@@ -23,6 +24,20 @@
 #include <memory>
 
 namespace {
+
+// The words a fill found at fault, shaded over the grid until the puzzle next changes.
+TSquareOverlay *faultOverlay()
+{
+    if (auto *o = XwdGridForm->findChild<TSquareOverlay *>(QStringLiteral("FillFaultOverlay"), Qt::FindDirectChildrenOnly))
+        return o;
+    auto *o = new TSquareOverlay(XwdGridForm, QStringLiteral("FillFaultOverlay"), QColor(240, 150, 0, 90));
+    o->show();
+    const auto clear = [o] { o->setSquares({}); };
+    QObject::connect(&Session(), &TPuzzleSession::changed, o, clear);
+    QObject::connect(&Session(), &TPuzzleSession::opened, o, clear);
+    QObject::connect(&Session(), &TPuzzleSession::closed, o, clear);
+    return o;
+}
 
 // What the worker and the window thread share while a fill runs: the worker writes the
 // counts and the result, the window thread reads them and sets the cancel flag.
@@ -275,12 +290,16 @@ void TAutofill::finished()
         QStringList names;
         for (const TWordRef &word : result.Faulty)
             names.append(SlotName(word));
-        // The worst word becomes the grid's current word, so that it shows where to look.
+        // Every word at fault is shaded until the grid next changes, and the worst becomes
+        // the current word, so that the grid shows where to look.
         if (!result.Faulty.isEmpty() && XwdGridForm) {
+            QList<QPoint> squares;
+            for (const TWordRef &word : result.Faulty)
+                squares += HighlightSquares(Puzzle, word.Column, word.Row, word.Dir == Direction::Across ? 1 : 2);
+            faultOverlay()->setSquares(squares);
             const TWordRef &worst = result.Faulty.first();
-            XwdGridForm->Editor.CursorPos = CellTopLeft(worst.Column, worst.Row) + QPoint(1, 1);
-            XwdGridForm->Editor.WordDirection = worst.Dir == Direction::Across ? 1 : 2;
-            XwdGridForm->update();
+            XwdGridForm->SelectWord(CellTopLeft(worst.Column, worst.Row) + QPoint(1, 1),
+                                    worst.Dir == Direction::Across ? 1 : 2, XwdGridForm->HiliteSqColor);
         }
         Dialogs().Inform(form_, names.isEmpty()
                                     ? QStringLiteral("No fill exists for these words.")

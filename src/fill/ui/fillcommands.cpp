@@ -1,5 +1,6 @@
 #include "fill/ui/fillcommands.h"
 
+#include "fill/ui/squareoverlay.h"
 #include "fill/ui/twordfinderform.h"
 #include "mainwindow/puzzlesession.h"
 #include "mainwindow/puzzlestate.h"
@@ -11,60 +12,34 @@
 
 #include <QAction>
 #include <QBoxLayout>
-#include <QEvent>
 #include <QMenu>
-#include <QPainter>
 #include <QToolButton>
 
 namespace {
 
 const QString ShadeKey = QStringLiteral("ShadeDeadSquares");
 
-// Laid over the grid window: shades each empty square where no letter fits both its across
-// and its down word. It takes no clicks; the grid beneath gets them.
-class TDeadSquareOverlay : public QWidget {
+// Shades each empty square where no letter fits both its across and its down word.
+class TDeadSquareOverlay : public TSquareOverlay {
 public:
-    explicit TDeadSquareOverlay(QWidget *grid) : QWidget(grid)
+    explicit TDeadSquareOverlay(QWidget *grid)
+        : TSquareOverlay(grid, QStringLiteral("DeadSquareOverlay"), QColor(200, 40, 40, 70))
     {
-        setObjectName(QStringLiteral("DeadSquareOverlay"));
-        setAttribute(Qt::WA_TransparentForMouseEvents);
-        setAttribute(Qt::WA_NoSystemBackground);
-        grid->installEventFilter(this);
-        setGeometry(grid->rect());
         connect(&Session(), &TPuzzleSession::changed, this, &TDeadSquareOverlay::refresh);
         connect(&Session(), &TPuzzleSession::opened, this, &TDeadSquareOverlay::refresh);
         connect(&WordLists(), &TWordListService::ready, this, &TDeadSquareOverlay::refresh);
     }
     void refresh()
     {
-        dead_.clear();
+        QList<QPoint> dead;
         if (isVisible() && Puzzle.Size > 0 && PuzzleMode != SolveMode)
             if (const auto lexicon = WordLists().FromSettings())
-                dead_ = DeadSquares(lexicon->Index, Puzzle);
-        setProperty("deadSquares", QVariant::fromValue(dead_));
-        update();
+                dead = DeadSquares(lexicon->Index, Puzzle);
+        setSquares(dead);
     }
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (watched == parent() && event->type() == QEvent::Resize)
-            setGeometry(parentWidget()->rect());
-        return false;
-    }
-    void paintEvent(QPaintEvent *) override
-    {
-        QPainter painter(this);
-        for (const QPoint &sq : std::as_const(dead_)) {
-            const QRect r = CellOutline(sq.x(), sq.y()).adjusted(1, 1, -1, -1);
-            painter.fillRect(r, QColor(200, 40, 40, 70));
-            painter.fillRect(r, QBrush(QColor(160, 0, 0, 110), Qt::BDiagPattern));
-        }
-    }
     void showEvent(QShowEvent *) override { refresh(); }
-
-private:
-    QList<QPoint> dead_;
 };
 
 TWordFinderForm *finder(TXwdMainForm *form)

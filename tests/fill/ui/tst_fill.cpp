@@ -143,11 +143,16 @@ private slots:
         QCOMPARE((*dialogs)->Informations, QStringList({"No fill exists. The words at fault: 1 Across."}));
         QCOMPARE(program->GridForm->Editor.WordDirection, 1);
         QCOMPARE(program->GridForm->Editor.HighlightedSquares().size(), 4);
+        auto *faults = program->GridForm->findChild<QWidget *>(QStringLiteral("FillFaultOverlay"));
+        QVERIFY(faults && faults->isVisible());
+        QCOMPARE(faults->property("squares").value<QList<QPoint>>(),
+                 QList<QPoint>({QPoint(1, 1), QPoint(2, 1), QPoint(3, 1), QPoint(4, 1)}));
         QVERIFY(!PuzzleChanged);
 
         (*dialogs)->Informations.clear();
         WriteSetting("FillTimeLimit", 1);
         openPuzzle(open());
+        QVERIFY(faults->property("squares").value<QList<QPoint>>().isEmpty());
         act("FillGridAct")->trigger();
         QTRY_VERIFY_WITH_TIMEOUT(!progressWindow()->isVisible(), 20000);
         QCOMPARE((*dialogs)->Informations,

@@ -141,8 +141,8 @@ private slots:
         auto *overlay = grid()->findChild<QWidget *>(QStringLiteral("DeadSquareOverlay"));
         QVERIFY(overlay && overlay->isVisible());
         // T? down has no word, so (3, 2) cannot be filled; under C, O fits CO down and ORE across.
-        QTRY_VERIFY(overlay->property("deadSquares").value<QList<QPoint>>().contains(QPoint(3, 2)));
-        QVERIFY(!overlay->property("deadSquares").value<QList<QPoint>>().contains(QPoint(1, 2)));
+        QTRY_VERIFY(overlay->property("squares").value<QList<QPoint>>().contains(QPoint(3, 2)));
+        QVERIFY(!overlay->property("squares").value<QList<QPoint>>().contains(QPoint(1, 2)));
 
         TWordFinderForm *finder = openFinder();
         act("MostConstrainedAct")->trigger();

@@ -151,7 +151,7 @@ private slots:
         // Every link of every page leads to a page of the collection.
         const QList<QUrl> pages = help->Engine->files(QStringLiteral("org.quillmark.help"), QString(), QStringLiteral("html"));
         QVERIFY(pages.size() > 10);
-        const QRegularExpression href(QStringLiteral("href=\"([^\"#]+)[^\"]*\""));
+        const QRegularExpression href(QStringLiteral("(?:href|src)=\"([^\"#]+)[^\"]*\""));
         for (const QUrl &page : pages) {
             const QString html = QString::fromUtf8(help->Engine->fileData(page));
             for (auto m = href.globalMatch(html); m.hasNext();) {

@@ -1,9 +1,10 @@
 #include "windowtest.h"
 
-#include "mainwindow/puzzlestate.h"
-#include "model/puzzlefile.h"
-#include "model/puzzletext.h"
-#include "settings/txwdprocs.h"
+void TypeChar(QWidget *widget, QChar ch)
+{
+    QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(ch));
+    QApplication::sendEvent(widget, &press);
+}
 
 void TWindowTest::setUpWindowTest(int screenSquare)
 {

@@ -2,25 +2,11 @@
 // warnings answered by script. The walk's own rules are the core tests'; here the wiring.
 
 #include "clues/ui/tautoclueform.h"
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
 #include "mainwindow/ui/tsoundfx.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
 #include "windowtest.h"
-#include "views/gridgeometry.h"
-#include "views/ui/txwdgridform.h"
 
 #include <QClipboard>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QToolBar>
-#include <QToolButton>
-
-#include <memory>
 
 namespace {
 

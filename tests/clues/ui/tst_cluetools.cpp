@@ -5,25 +5,10 @@
 #include "clues/ui/tbylineform.h"
 #include "clues/ui/tcharmapform.h"
 #include "clues/ui/tdeflistform.h"
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
 #include "windowtest.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QScrollBar>
-#include <QPushButton>
 #include <QTableWidget>
-#include <QToolButton>
-
-#include <memory>
 
 namespace {
 
@@ -34,13 +19,6 @@ void clickLine(QListWidget *list, int row)
 {
     const QRect rect = list->visualItemRect(list->item(row));
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, rect.center());
-}
-
-// A typed character that no key of the test keyboard has.
-void typeChar(QWidget *widget, QChar ch)
-{
-    QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, QString(ch));
-    QApplication::sendEvent(widget, &key);
 }
 
 void clickCell(QTableWidget *grid, int col, int row)
@@ -96,12 +74,12 @@ private slots:
 
         // Storing a clue replaces the word's line, whatever the walk did to reach it.
         QTest::keyClicks(autoclue->DefEdit, QStringLiteral("Caf"));
-        typeChar(autoclue->DefEdit, QChar(0xE9));
+        TypeChar(autoclue->DefEdit, QChar(0xE9));
         QCOMPARE(list->AcrList->item(1)->text(), QStringLiteral("    5  Caf\u00E9  | EFG"));
         QCOMPARE(Puzzle.clue(6), QByteArray("Caf\xE9"));
         QTest::keyClick(autoclue->DefEdit, Qt::Key_Return);
         QTest::keyClicks(autoclue->DefEdit, QStringLiteral("x"));
-        typeChar(autoclue->DefEdit, QChar(0x4E2D));
+        TypeChar(autoclue->DefEdit, QChar(0x4E2D));
         // A character the puzzle cannot keep shows as the "?" it is stored as.
         QCOMPARE(autoclue->DefEdit->text(), QStringLiteral("x?"));
         QCOMPARE(list->AcrList->item(2)->text(), QStringLiteral("    6  x?  | IJKLM"));
@@ -159,8 +137,7 @@ private slots:
         auto *bylineAct = program->MainForm->findChild<QAction *>(QStringLiteral("BylineAct"));
         QVERIFY(bylineAct);
         QVERIFY(!bylineAct->isEnabled());
-        TScratchDir dir;
-        (*dialogs)->Files = {TFileChoice{dir.path(QStringLiteral("new.xwd"))}};
+        (*dialogs)->Files = {TFileChoice{dir->path(QStringLiteral("new.xwd"))}};
         program->MainForm->findChild<QAction *>(QStringLiteral("New11Act"))->trigger();
         QVERIFY(bylineAct->isEnabled());
         QCOMPARE(Puzzle.Byline.text(), QByteArray("Jo Maker"));

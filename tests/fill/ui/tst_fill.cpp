@@ -1,45 +1,22 @@
 // Fill Grid and its progress window, driven through the main window.
 
-#include "mainwindow/puzzlesession.h"
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "model/puzzlefile.h"
-#include "model/puzzletext.h"
-#include "scripteddialogs.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
-#include "views/ui/txwdgridform.h"
-
-#include <QAction>
+#include "windowtest.h"
 #include <QDialog>
-#include <QPushButton>
 #include <QSignalSpy>
 
 namespace {
 
-QString gridText(const QStringList &rows)
+// An 11 x 11 grid: `top` rows, then black rows.
+QString gridText(QStringList top)
 {
-    return QStringLiteral("size 11\nlanguage 0\ngrid\n%1\nclues\n").arg(rows.join(u'\n'));
+    while (top.size() < 11)
+        top.append(QStringLiteral("###########"));
+    return QStringLiteral("size 11\nlanguage 0\ngrid\n%1\nclues\n").arg(top.join(u'\n'));
 }
 
-// A 3 x 3 corner to fill; every other square black.
-QString corner()
-{
-    QStringList rows = {"...########", "...########", "...########"};
-    while (rows.size() < 11)
-        rows.append(QStringLiteral("###########"));
-    return gridText(rows);
-}
-
-// No black square at all: a square of eleven-letter words, which no search finds soon.
-QString open()
-{
-    QStringList rows;
-    while (rows.size() < 11)
-        rows.append(QStringLiteral("..........."));
-    return gridText(rows);
-}
+// A 3 x 3 corner to fill; and no black square at all: eleven-letter words no search finds soon.
+const QString Corner = gridText({"...########", "...########", "...########"});
+const QString Open = gridText(QStringList(11, QStringLiteral("...........")));
 
 bool emptyCorner()
 {
@@ -52,23 +29,12 @@ bool emptyCorner()
 
 }  // namespace
 
-class TestFill : public QObject {
+class TestFill : public QObject, TWindowTest {
     Q_OBJECT
-
-private:
-    std::unique_ptr<TProgram> program;
-    std::unique_ptr<TDialogScript> dialogs;
-    std::unique_ptr<TScratchDir> dir;
-
-    TXwdMainForm *main() { return program->MainForm; }
-    QAction *act(const char *name) { return main()->findChild<QAction *>(QString::fromLatin1(name)); }
 
     void openPuzzle(const QString &text)
     {
-        const QString path = dir->path("fill.xwd");
-        WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(text)));
-        (*dialogs)->Files.append(TFileChoice{path, 1});
-        main()->ConstructOpenAct->trigger();
+        TWindowTest::openPuzzle(writePuzzle("fill.xwd", text.toUtf8().constData()));
         QCOMPARE(int(PuzzleMode), int(ConstructMode));
     }
 
@@ -77,25 +43,14 @@ private:
 private slots:
     void init()
     {
-        ResetSettings();
-        Puzzle = TPuzzle{};
-        PuzzleChanged = false;
-        dir = std::make_unique<TScratchDir>();
-        dialogs = std::make_unique<TDialogScript>();
-        program = std::make_unique<TProgram>();
-        program->Start({});
+        setUpWindowTest();
+        startProgram();
     }
-
-    void cleanup()
-    {
-        program.reset();
-        dialogs.reset();
-        dir.reset();
-    }
+    void cleanup() { tearDownWindowTest(); }
 
     void fillGridFillsThePuzzleAsOneChangeThatOneUndoTakesBack()
     {
-        openPuzzle(corner());
+        openPuzzle(Corner);
         QVERIFY(act("FillGridAct")->isEnabled());
         act("FillGridAct")->trigger();
         QVERIFY(progressWindow() && progressWindow()->isVisible());
@@ -115,7 +70,7 @@ private slots:
 
     void cancelLeavesTheGridAsItWas()
     {
-        openPuzzle(open());
+        openPuzzle(Open);
         act("FillGridAct")->trigger();
         QDialog *progress = progressWindow();
         QVERIFY(progress && progress->isVisible());
@@ -134,20 +89,17 @@ private slots:
     void noFillNamesTheWordAtFaultAndTheTimeLimitKeepsTheGrid()
     {
         // QXZ. fits no word: 1 Across is at fault and becomes the current word.
-        QStringList rows = {"QXZ.#######"};
-        while (rows.size() < 11)
-            rows.append(QStringLiteral("###########"));
-        openPuzzle(gridText(rows));
+        openPuzzle(gridText({"QXZ.#######"}));
         act("FillGridAct")->trigger();
         QTRY_VERIFY_WITH_TIMEOUT(!progressWindow()->isVisible(), 30000);
         QCOMPARE((*dialogs)->Informations, QStringList({"No fill exists. The words at fault: 1 Across."}));
-        QCOMPARE(program->GridForm->Editor.WordDirection, 1);
-        QCOMPARE(program->GridForm->Editor.HighlightedSquares().size(), 4);
+        QCOMPARE(grid()->Editor.WordDirection, 1);
+        QCOMPARE(grid()->Editor.HighlightedSquares().size(), 4);
         QVERIFY(!PuzzleChanged);
 
         (*dialogs)->Informations.clear();
         WriteSetting("FillTimeLimit", 1);
-        openPuzzle(open());
+        openPuzzle(Open);
         act("FillGridAct")->trigger();
         QTRY_VERIFY_WITH_TIMEOUT(!progressWindow()->isVisible(), 20000);
         QCOMPARE((*dialogs)->Informations,

@@ -1,26 +1,11 @@
 // The word finder window, the dead squares and the most constrained word, driven through
 // the main window with a small word list of the test's own.
 
+#include "windowtest.h"
 #include "fill/ui/twordfinderform.h"
 #include "fill/ui/twordlistspage.h"
-#include "mainwindow/puzzlesession.h"
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "model/puzzlefile.h"
-#include "model/puzzletext.h"
-#include "scripteddialogs.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
-#include "views/gridgeometry.h"
-#include "views/ui/txwdgridform.h"
 
-#include <QAction>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QSpinBox>
 #include <QTreeView>
 
@@ -35,17 +20,9 @@ const char *const Words = "cat;90\ncar;60\nre;50\nan;50\nco;50\nore;40\n";
 
 }  // namespace
 
-class TestWordFinder : public QObject {
+class TestWordFinder : public QObject, TWindowTest {
     Q_OBJECT
 
-private:
-    std::unique_ptr<TProgram> program;
-    std::unique_ptr<TDialogScript> dialogs;
-    std::unique_ptr<TScratchDir> dir;
-
-    TXwdMainForm *main() { return program->MainForm; }
-    QAction *act(const char *name) { return main()->findChild<QAction *>(QString::fromLatin1(name)); }
-    TXwdGridForm *grid() { return program->GridForm; }
     void click(int c, int r, Qt::MouseButton button)
     {
         QTest::mouseClick(grid(), button, {}, CellTopLeft(c, r) + QPoint(SquareSize / 2, SquareSize / 2));
@@ -65,31 +42,16 @@ private:
 private slots:
     void init()
     {
-        ResetSettings();
-        WriteSetting("ScreenSquare", 30);
-        Puzzle = TPuzzle{};
-        PuzzleChanged = false;
-        dir = std::make_unique<TScratchDir>();
+        setUpWindowTest(30);
         WriteFileBytes(dir->path("words.txt"), Words);
         // Only the test's list: the installed default list is switched off.
         WriteSetting("WordLists", QStringLiteral("1\t%1\n0\t").arg(dir->path("words.txt")));
         WordLists().Invalidate();
-        dialogs = std::make_unique<TDialogScript>();
-        program = std::make_unique<TProgram>();
-        program->Start({});
-        const QString path = dir->path("finder.xwd");
-        WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(QString::fromLatin1(Fixture))));
-        (*dialogs)->Files.append(TFileChoice{path, 1});
-        main()->ConstructOpenAct->trigger();
+        startProgram();
+        openPuzzle(writePuzzle("finder.xwd", Fixture));
         QCOMPARE(int(PuzzleMode), int(ConstructMode));
     }
-
-    void cleanup()
-    {
-        program.reset();
-        dialogs.reset();
-        dir.reset();
-    }
+    void cleanup() { tearDownWindowTest(); }
 
     void followsTheCursorAndTypedLettersAndMarksDeadEnds()
     {

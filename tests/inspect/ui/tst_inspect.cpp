@@ -2,27 +2,13 @@
 
 #include "inspect/ui/tanalysisform.h"
 #include "inspect/ui/tscangridform.h"
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
-#include "mainwindow/ui/txwdmainform.h"
 #include "model/cp1252.h"
-#include "model/puzzlefile.h"
-#include "model/puzzletext.h"
-#include "settings/txwdprocs.h"
 #include "clirun.h"
-#include "uitestmain.h"
 #include "windowtest.h"
-#include "views/gridgeometry.h"
-#include "views/ui/txwdgridform.h"
 
-#include <QAction>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
 
 namespace {
 

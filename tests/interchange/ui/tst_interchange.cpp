@@ -3,16 +3,7 @@
 
 #include "interchange/interchange.h"
 #include "interchange/ipuzformat.h"
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "model/puzzlefile.h"
-#include "uitestmain.h"
 #include "windowtest.h"
-#include "views/ui/txwdgridform.h"
-
-#include <QAction>
-#include <QFile>
 
 namespace {
 

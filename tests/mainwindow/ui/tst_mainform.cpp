@@ -1,29 +1,15 @@
 // The main window and the puzzle's lifecycle, driven as a user would, with scripted dialogs.
 
-#include "mainwindow/puzzlestate.h"
 #include "mainwindow/ui/tinfowin.h"
-#include "mainwindow/ui/tprogram.h"
 #include "mainwindow/ui/tsoundfx.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "model/puzzlefile.h"
-#include "model/puzzletext.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
 #include "windowtest.h"
 #include "views/ui/tcluesform.h"
-#include "views/gridgeometry.h"
-#include "views/ui/txwdgridform.h"
 
-#include <QAction>
-#include <QDir>
 #include <QFileInfo>
-#include <QFile>
-#include <QLabel>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QSignalSpy>
-#include <QToolButton>
 
 namespace {
 

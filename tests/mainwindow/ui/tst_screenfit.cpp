@@ -1,16 +1,8 @@
 // Settings saved on another screen, or edited by hand, never put a window where the user
 // cannot see or reach it: the program starts with each and its windows are on the screen.
 
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "model/puzzlefile.h"
-#include "scripteddialogs.h"
+#include "windowtest.h"
 #include "settings/screenfit.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
-#include "views/gridgeometry.h"
-#include "views/ui/txwdgridform.h"
 
 #include <QMenuBar>
 #include <QScreen>

@@ -1,30 +1,20 @@
 // The Tools menu starting real programs, the help window reading the collection the build
 // made, and the about box.
 
-#include "mainwindow/puzzlestate.h"
 #include "mainwindow/tlaunchmodule.h"
 #include "mainwindow/ui/taboutbox.h"
 #include "mainwindow/ui/thelpform.h"
-#include "mainwindow/ui/tprogram.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
 #include "windowtest.h"
 
-#include <QAction>
-#include <QFile>
 #include <QFileInfo>
 #include <QScopeGuard>
 #include <QHelpContentModel>
 #include <QHelpContentWidget>
 #include <QHelpEngine>
 #include <QHelpIndexWidget>
-#include <QLabel>
-#include <QLineEdit>
 #include <QTabWidget>
 #include <QRegularExpression>
 #include <QTextBrowser>
-#include <QToolButton>
 
 #include <csignal>
 

@@ -1,27 +1,12 @@
 // Undo and redo as the user meets them: the Edit menu, its captions, Ctrl+Z from the grid,
 // every window showing the puzzle as it now is, and text fields keeping their own keys.
 
+#include "windowtest.h"
 #include "clues/ui/tautoclueform.h"
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "model/puzzlefile.h"
-#include "scripteddialogs.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
-#include "views/gridgeometry.h"
-#include "views/ui/txwdgridform.h"
 
-#include <QAction>
-#include <QKeyEvent>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
-#include <QPushButton>
-#include <QToolButton>
-
-#include <memory>
 
 namespace {
 
@@ -32,71 +17,37 @@ const char *const Full = "size 11\ngrid\n"
                          "GHIJKLMNOPQ\nHIJKLMNOPQR\nIJKLMNOPQRS\nJKLMNOPQRST\nKLMNOPQRSTU\n"
                          "clues\n1A Alphabet\n1D Also the alphabet\n";
 
-// Counts the paints of a window: a grab would paint it and hide a missing repaint.
-class TPaintCounter : public QObject {
-public:
-    int Paints = 0;
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            ++Paints;
-        return false;
-    }
-};
-
 }  // namespace
 
-class TestUndo : public QObject {
+class TestUndo : public QObject, TWindowTest {
     Q_OBJECT
 
-    std::unique_ptr<TScratchDir> dir;
-    std::unique_ptr<TDialogScript> dialogs;
-    std::unique_ptr<TProgram> program;
     QString path;
 
-    TXwdMainForm *main() const { return program->MainForm; }
-    TXwdGridForm *grid() const { return program->GridForm; }
-    QAction *act(const char *name) const { return main()->findChild<QAction *>(name); }
     QString undoText() const { return act("UndoAct")->text(); }
     QString redoText() const { return act("RedoAct")->text(); }
 
     void openPuzzle()
     {
-        (*dialogs)->Files.append(TFileChoice{path, 1});
-        main()->ConstructOpenAct->trigger();
+        TWindowTest::openPuzzle(path);
         QVERIFY(QTest::qWaitForWindowExposed(grid()));
     }
     void click(int c, int r, Qt::MouseButton button = Qt::LeftButton)
     {
         QTest::mouseClick(grid(), button, Qt::NoModifier, CellTopLeft(c, r) + QPoint(4, 6));
     }
-    void type(QChar ch)
-    {
-        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(ch));
-        QApplication::sendEvent(grid(), &press);
-    }
+    void type(QChar ch) { TypeChar(grid(), ch); }
     static void ctrlZ(QWidget *window) { QTest::keyClick(window, Qt::Key_Z, Qt::ControlModifier); }
     QString specifications() const { return main()->DataMemo->toPlainText(); }
 
 private slots:
     void init()
     {
-        ResetSettings();
-        WriteSetting(QStringLiteral("ScreenSquare"), 30);
-        PuzzleChanged = false;
-        dir = std::make_unique<TScratchDir>();
-        path = dir->path("full.xwd");
-        WriteFileAtomically(path, EncodePuzzle(PuzzleFrom(QString::fromLatin1(Full))));
-        dialogs = std::make_unique<TDialogScript>();
-        program = std::make_unique<TProgram>();
-        program->Start({});
+        setUpWindowTest(30);
+        path = writePuzzle("full.xwd", Full);
+        startProgram();
     }
-    void cleanup()
-    {
-        program.reset();
-        dialogs.reset();
-        dir.reset();
-    }
+    void cleanup() { tearDownWindowTest(); }
 
     void theEditMenuFollowsPuzzleAndEveryTitleFitsTheMenuLine()
     {
@@ -123,8 +74,7 @@ private slots:
     {
         openPuzzle();
         const QByteArray saved = EncodePuzzle(Puzzle);
-        TPaintCounter paints;
-        grid()->installEventFilter(&paints);
+        TPaintCounter paints(grid());
 
         click(4, 3);
         type(u'z');

@@ -1,19 +1,9 @@
 // The export and clipboard commands as the user reaches them from the main window.
 
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "model/puzzlefile.h"
-#include "model/puzzletext.h"
 #include "output/ui/texportform.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
 #include "windowtest.h"
 
-#include <QAction>
 #include <QClipboard>
-#include <QDir>
-#include <QFile>
 #include <QMimeData>
 
 namespace {

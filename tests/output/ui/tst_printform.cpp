@@ -1,27 +1,16 @@
 // The print options dialog, the preview and the print command, with scripted dialogs and
 // the printer writing to a PDF file.
 
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "model/puzzlefile.h"
 #include "output/pagelayout.h"
 #include "output/ui/tpreviewform.h"
 #include "output/ui/txwdprintform.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
 #include "windowtest.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QFile>
-#include <QLineEdit>
 #include <QMenu>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QProcess>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <QSpinBox>
 

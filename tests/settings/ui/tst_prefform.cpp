@@ -1,31 +1,16 @@
 // The preferences dialog driven as a user would, inside the running program, with
 // scripted dialogs; what it stores is read back from the settings store.
 
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "model/puzzle.h"
 #include "settings/colors.h"
-#include "settings/txwdprocs.h"
 #include "settings/ui/txwdprefform.h"
-#include "uitestmain.h"
 #include "windowtest.h"
-#include "views/gridgeometry.h"
 #include "views/ui/tcluesform.h"
-#include "views/ui/txwdgridform.h"
 
-#include <QApplication>
 #include <QScreen>
 #include <QFontDialog>
 #include <QFontInfo>
 #include <QTimer>
-#include <QAction>
 #include <QButtonGroup>
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QStackedWidget>

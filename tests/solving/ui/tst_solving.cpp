@@ -1,27 +1,12 @@
 // Solving a puzzle through the program: the score card, errors, answers, start over, the
 // trash, and the clock.
 
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
 #include "mainwindow/ui/tsoundfx.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "model/puzzlefile.h"
-#include "model/puzzletext.h"
-#include "settings/txwdprocs.h"
 #include "solving/ui/tscoreform.h"
 #include "solving/ui/txwdclockform.h"
-#include "uitestmain.h"
 #include "windowtest.h"
-#include "views/gridgeometry.h"
-#include "views/ui/txwdgridform.h"
 
-#include <QAction>
-#include <QDir>
-#include <QFile>
-#include <QLabel>
-#include <QPushButton>
 #include <QStandardPaths>
-#include <QToolButton>
 
 namespace {
 

@@ -2,23 +2,12 @@
 // heights and line breaks as drawn, and clicks and keys that reach the grid. How a clue is
 // measured and broken is the core tests'; here what the list shows.
 
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
 #include "windowtest.h"
-#include "views/gridgeometry.h"
 #include "views/ui/tcluesform.h"
-#include "views/ui/txwdgridform.h"
 
 #include <QImage>
-#include <QLabel>
-#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QScreen>
-
-#include <memory>
 
 namespace {
 

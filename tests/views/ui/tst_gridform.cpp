@@ -2,22 +2,14 @@
 // editing rules themselves are the editor's own tests; here the events must reach them and
 // the paint must show the result.
 
-#include "mainwindow/puzzlestate.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
 #include "windowtest.h"
-#include "views/gridgeometry.h"
-#include "views/ui/txwdgridform.h"
 
-#include <QAction>
 #include <QImage>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QSignalSpy>
 
 #include <cmath>
 #include <functional>
-#include <memory>
 
 namespace {
 
@@ -43,21 +35,6 @@ QRect inkBounds(const QImage &image, int c, int r)
                 bounds |= QRect(origin + QPoint(x, y), QSize(1, 1));
     return bounds;
 }
-
-// Counts the paint events a widget receives.
-class TPaintCounter : public QObject {
-public:
-    TPaintCounter(QWidget *widget, int &count) : count_(count) { widget->installEventFilter(this); }
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            ++count_;
-        return false;
-    }
-
-private:
-    int &count_;
-};
 
 }  // namespace
 
@@ -87,11 +64,7 @@ class TestGridForm : public QObject, TWindowTest {
         QMouseEvent move(QEvent::MouseMove, at(c, r), form->mapToGlobal(at(c, r)), Qt::NoButton, button, keys);
         QApplication::sendEvent(form.get(), &move);
     }
-    void typeChar(QChar ch)
-    {
-        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(ch));
-        QApplication::sendEvent(form.get(), &press);
-    }
+    void typeChar(QChar ch) { TypeChar(form.get(), ch); }
     static int fontSizeFor(int squareSize) { return ScaledFontSize(11, squareSize, XwdProcs->MaxSquareSize); }
 
 private slots:
@@ -292,8 +265,8 @@ private slots:
     void everyEditAndClickRepaints()
     {
         open(OpenGrid(5));
-        int paints = 0;
-        TPaintCounter counter(form.get(), paints);
+        TPaintCounter counter(form.get());
+        int &paints = counter.Paints;
         click(5, 5);  // the window is active before anything is counted
         const auto repaints = [&](const char *what, const std::function<void()> &act) {
             QTest::qWait(20);

@@ -1,15 +1,8 @@
 // The web commands in the program: where they sit, when they are offered, what they write.
 
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "model/puzzlefile.h"
-#include "uitestmain.h"
 #include "windowtest.h"
 #include "web/webpage.h"
 
-#include <QAction>
-#include <QFile>
 #include <QMenu>
 
 class TestWebCommands : public QObject, TWindowTest {

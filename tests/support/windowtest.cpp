@@ -6,6 +6,17 @@ void TypeChar(QWidget *widget, QChar ch)
     QApplication::sendEvent(widget, &press);
 }
 
+int RedPixels(const QImage &image, const QRect &area)
+{
+    int count = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x) {
+            const QColor c = image.pixelColor(x, y);
+            count += c.red() > 200 && c.green() < 80 && c.blue() < 80;
+        }
+    return count;
+}
+
 void TWindowTest::setUpWindowTest(int screenSquare)
 {
     ResetSettings();

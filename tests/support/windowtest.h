@@ -20,6 +20,7 @@
 #include <QCheckBox>
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -43,6 +44,8 @@ public:
 
 // A typed character as a keyboard without its key sends it.
 void TypeChar(QWidget *widget, QChar ch);
+// How many pixels of `area` are a strong red (error marks, repeats, guidelines).
+int RedPixels(const QImage &image, const QRect &area);
 
 class TWindowTest {
 protected:

@@ -131,72 +131,61 @@ private slots:
 
     void theBylineDialog()
     {
-        program = std::make_unique<TProgram>();
-        program->Start({});
+        startProgram();
         WriteSetting(QStringLiteral("Name"), QStringLiteral("Jo Maker"));
-        auto *bylineAct = program->MainForm->findChild<QAction *>(QStringLiteral("BylineAct"));
-        QVERIFY(bylineAct);
+        QAction *bylineAct = act("BylineAct");
         QVERIFY(!bylineAct->isEnabled());
         (*dialogs)->Files = {TFileChoice{dir->path(QStringLiteral("new.xwd"))}};
-        program->MainForm->findChild<QAction *>(QStringLiteral("New11Act"))->trigger();
+        act("New11Act")->trigger();
         QVERIFY(bylineAct->isEnabled());
         QCOMPARE(Puzzle.Byline.text(), QByteArray("Jo Maker"));
+        // Runs the dialog on a puzzle of `byline` with `script` playing the user.
+        const auto edit = [&](const QByteArray &byline, std::function<void(TBylineForm *)> script) {
+            Puzzle.Byline.setText(byline);
+            PuzzleChanged = false;
+            (*dialogs)->DialogScripts = {[script](QDialog *d) { script(qobject_cast<TBylineForm *>(d)); }};
+            bylineAct->trigger();
+            return Puzzle.Byline.text();
+        };
 
         // On "--" the box is checked and the field read-only; unchecking brings the Name.
-        Puzzle.Byline.setText("--");
-        PuzzleChanged = false;
-        (*dialogs)->DialogScripts = {[](QDialog *dialog) {
-            auto *form = qobject_cast<TBylineForm *>(dialog);
-            QVERIFY(form);
-            QCOMPARE(form->windowTitle(), QStringLiteral("Puzzle Byline"));
-            QVERIFY(form->NobyChk->isChecked());
-            QVERIFY(form->BylineEdit->isReadOnly());
-            form->NobyChk->click();
-            QCOMPARE(form->BylineEdit->text(), QStringLiteral("Jo Maker"));
-            QVERIFY(!form->BylineEdit->isReadOnly());
-            QTest::keyClicks(form->BylineEdit, QStringLiteral(" and friend"));
-            form->CancelBtn->click();
-        }};
-        bylineAct->trigger();
+        QCOMPARE(edit("--", [](TBylineForm *form) {
+                     QCOMPARE(form->windowTitle(), QStringLiteral("Puzzle Byline"));
+                     QVERIFY(form->NobyChk->isChecked() && form->BylineEdit->isReadOnly());
+                     form->NobyChk->click();
+                     QCOMPARE(form->BylineEdit->text(), QStringLiteral("Jo Maker"));
+                     QVERIFY(!form->BylineEdit->isReadOnly());
+                     QTest::keyClicks(form->BylineEdit, QStringLiteral(" and friend"));
+                     form->CancelBtn->click();
+                 }),
+                 QByteArray("--"));
         QCOMPARE((*dialogs)->ExecutedDialogs, QStringList{QStringLiteral("BylineForm")});
-        QCOMPARE(Puzzle.Byline.text(), QByteArray("--"));
         QVERIFY2(!PuzzleChanged, "Cancel changes nothing");
 
         // Typing stops at 58; checking "No Byline" and saving stores "--".
-        Puzzle.Byline.setText("Someone");
-        (*dialogs)->DialogScripts = {[](QDialog *dialog) {
-            auto *form = qobject_cast<TBylineForm *>(dialog);
-            QTest::keyClicks(form->BylineEdit, QString(70, u'x'));
-            QCOMPARE(form->BylineEdit->text().size(), 58);
-            form->SaveBtn->click();
-        }};
-        bylineAct->trigger();
-        QCOMPARE(Puzzle.Byline.text(), "Someone" + QByteArray(51, 'x'));
+        QCOMPARE(edit("Someone", [](TBylineForm *form) {
+                     QTest::keyClicks(form->BylineEdit, QString(70, u'x'));
+                     form->SaveBtn->click();
+                 }),
+                 "Someone" + QByteArray(51, 'x'));
         QVERIFY(PuzzleChanged);
-        (*dialogs)->DialogScripts = {[](QDialog *dialog) {
-            auto *form = qobject_cast<TBylineForm *>(dialog);
-            form->NobyChk->click();
-            QCOMPARE(form->BylineEdit->text(), QStringLiteral("--"));
-            form->SaveBtn->click();
-        }};
-        bylineAct->trigger();
-        QCOMPARE(Puzzle.Byline.text(), QByteArray("--"));
+        QCOMPARE(edit("Someone", [](TBylineForm *form) {
+                     form->NobyChk->click();
+                     QCOMPARE(form->BylineEdit->text(), QStringLiteral("--"));
+                     form->SaveBtn->click();
+                 }),
+                 QByteArray("--"));
 
-        // A byline of 60 set from the Name is shown and kept whole, in the widest letters
-        // too: the field does not scroll to show its end.
-        Puzzle.Byline.setText(QByteArray(60, 'W'));
-        (*dialogs)->DialogScripts = {[](QDialog *dialog) {
-            auto *form = qobject_cast<TBylineForm *>(dialog);
-            QCOMPARE(form->BylineEdit->text().size(), 60);
-            // With the caret at the end, the first letter is still in view and the last too.
-            QLineEdit *edit = form->BylineEdit;
-            QCOMPARE(edit->cursorPosition(), 60);
-            QCOMPARE(edit->cursorPositionAt(QPoint(2, edit->height() / 2)), 0);
-            QCOMPARE(edit->cursorPositionAt(QPoint(edit->width() - 2, edit->height() / 2)), 60);
-            form->SaveBtn->click();
-        }};
-        bylineAct->trigger();
-        QCOMPARE(Puzzle.Byline.text(), QByteArray(60, 'W'));
+        // A byline of 60 in the widest letters is kept whole, and with the caret at the end
+        // the field shows its first letter and its last.
+        QCOMPARE(edit(QByteArray(60, 'W'), [](TBylineForm *form) {
+                     QLineEdit *line = form->BylineEdit;
+                     QCOMPARE(line->cursorPosition(), 60);
+                     QCOMPARE(line->cursorPositionAt(QPoint(2, line->height() / 2)), 0);
+                     QCOMPARE(line->cursorPositionAt(QPoint(line->width() - 2, line->height() / 2)), 60);
+                     form->SaveBtn->click();
+                 }),
+                 QByteArray(60, 'W'));
     }
 };
 

@@ -25,17 +25,6 @@ QJsonObject cliJson(const QStringList &args)
     return run.code == 0 ? QJsonDocument::fromJson(run.out).object() : QJsonObject();
 }
 
-int redPixels(const QImage &image, const QRect &area)
-{
-    int count = 0;
-    for (int y = area.top(); y <= area.bottom(); ++y)
-        for (int x = area.left(); x <= area.right(); ++x) {
-            const QColor c = image.pixelColor(x, y);
-            count += c.red() > 200 && c.green() < 80 && c.blue() < 80;
-        }
-    return count;
-}
-
 }  // namespace
 
 class TestInspect : public QObject, TWindowTest {
@@ -149,8 +138,8 @@ private slots:
         const QImage list = scan->ScanList->viewport()->grab().toImage();
         const int repeated = scan->ScanList->count() - 1;
         QVERIFY(scan->ScanList->item(repeated)->text().endsWith(u' '));
-        QVERIFY(redPixels(list, scan->ScanList->visualItemRect(scan->ScanList->item(repeated))) > 5);
-        QCOMPARE(redPixels(list, scan->ScanList->visualItemRect(scan->ScanList->item(0))), 0);
+        QVERIFY(RedPixels(list, scan->ScanList->visualItemRect(scan->ScanList->item(repeated))) > 5);
+        QCOMPARE(RedPixels(list, scan->ScanList->visualItemRect(scan->ScanList->item(0))), 0);
 
         auto *analysis = tool<TAnalysisForm>("AnalysisAct");
         const QJsonObject cliAnalysis = cliJson({"analyze", "--json", path});

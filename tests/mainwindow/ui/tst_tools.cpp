@@ -157,11 +157,14 @@ private slots:
         QCOMPARE(help->IndexEdit->text(), QString());
         QHelpIndexWidget *index = help->Engine->indexWidget();
         QTRY_VERIFY(index->model()->rowCount() > 0);
-        help->IndexEdit->setText("Symm");
-        QTRY_COMPARE(index->model()->rowCount(), 1);
-        QCOMPARE(index->model()->index(0, 0).data().toString(), QStringLiteral("Symmetry"));
-        index->setCurrentIndex(index->model()->index(0, 0));
-        index->activateCurrentItem();
+        const auto lookUp = [&](const char *keyword) {
+            help->IndexEdit->setText(keyword);
+            QTest::qWaitFor([&] { return index->model()->rowCount() == 1; });
+            index->setCurrentIndex(index->model()->index(0, 0));
+            index->activateCurrentItem();
+            return index->model()->rowCount() == 1 ? index->model()->index(0, 0).data().toString() : QString();
+        };
+        QCOMPARE(lookUp("Symm"), QStringLiteral("Symmetry"));
         QTRY_COMPARE(help->Browser->source().fileName(), QStringLiteral("constructing.html"));
         QVERIFY(help->Browser->toPlainText().contains("diagonal symmetry"));
 
@@ -174,15 +177,9 @@ private slots:
         help->HomeBtn->click();
         QCOMPARE(help->Browser->source().fileName(), QStringLiteral("index.html"));
 
-        help->IndexEdit->setText("Undo");
-        QTRY_COMPARE(index->model()->rowCount(), 1);
-        index->setCurrentIndex(index->model()->index(0, 0));
-        index->activateCurrentItem();
+        lookUp("Undo");
         QTRY_VERIFY(help->Browser->toPlainText().contains("Ctrl+Shift+Z"));
-        help->IndexEdit->setText("Recovery");
-        QTRY_COMPARE(index->model()->rowCount(), 1);
-        index->setCurrentIndex(index->model()->index(0, 0));
-        index->activateCurrentItem();
+        lookUp("Recovery");
         QTRY_VERIFY(help->Browser->toPlainText().contains("moves the recovery file to the trash"));
 
         // The help window goes with the main window.

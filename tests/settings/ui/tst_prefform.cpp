@@ -63,14 +63,8 @@ private slots:
             QCOMPARE(f->FilledColor, QColor(Qt::black));
             QCOMPARE(f->HiliteColor, QColor(Qt::yellow));
             QCOMPARE(f->NameEd->text(), QStringLiteral("Quillmark"));
-            QCOMPARE(f->AddEds[3]->text(), QString());
-            QVERIFY(f->DefLeftChk->isChecked());
-            QCOMPARE(f->UpDown1->value(), 1);
-            QCOMPARE(f->LangButtons->checkedId(), 0);
             QCOMPARE(f->SolveList->font().family(), QStringLiteral("Times New Roman"));
             QVERIFY(f->StatusList->font().bold());
-            for (QLineEdit *path : f->PathEdits)
-                QVERIFY(path->text().isEmpty());
         });
 
         WriteSetting("PlaySounds", 2);

@@ -20,25 +20,12 @@ const char *const AlmostSolved =
     "AREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\n"
     "clues\n1A Purring pet\n";
 
-int redPixels(const QImage &image, const QRect &area)
-{
-    int count = 0;
-    for (int y = area.top(); y <= area.bottom(); ++y)
-        for (int x = area.left(); x <= area.right(); ++x) {
-            const QColor c = image.pixelColor(x, y);
-            count += c.red() > 200 && c.green() < 60 && c.blue() < 60;
-        }
-    return count;
-}
-
 }  // namespace
 
 class TestSolving : public QObject, TWindowTest {
     Q_OBJECT
 
     QString path;
-
-    TXwdGridForm *grid() { return program->GridForm; }
 
     void openForSolving(const QString &file)
     {
@@ -85,12 +72,12 @@ private slots:
         QCOMPARE(score("ShowErrsBtn"), (QStringList{"PUZZLE INCORRECT!", "#ff0000", "honest", "errors", "no delete"}));
         QCOMPARE(program->SoundFX->Played(), QList<int>{3});
         const QImage image = grid()->grab().toImage();
-        QVERIFY(redPixels(image, QRect(CellTopLeft(3, 3), QSize(SquareSize, SquareSize))) > 20);
-        QCOMPARE(redPixels(image, QRect(CellTopLeft(2, 3), QSize(SquareSize, SquareSize))), 0);
+        QVERIFY(RedPixels(image, QRect(CellTopLeft(3, 3), QSize(SquareSize, SquareSize))) > 20);
+        QCOMPARE(RedPixels(image, QRect(CellTopLeft(2, 3), QSize(SquareSize, SquareSize))), 0);
 
         // The marks last until the grid is next touched.
         QTest::mouseClick(grid(), Qt::LeftButton, {}, CellTopLeft(1, 2) + QPoint(5, 5));
-        QCOMPARE(redPixels(grid()->grab().toImage(), QRect(CellTopLeft(3, 3), QSize(SquareSize, SquareSize))), 0);
+        QCOMPARE(RedPixels(grid()->grab().toImage(), QRect(CellTopLeft(3, 3), QSize(SquareSize, SquareSize))), 0);
     }
 
     void aRevealedLetterIsCheatingUntilTheNextPuzzle()

@@ -69,3 +69,16 @@ protected:
     // Opens a file through the Open commands, for solving or for constructing.
     void openPuzzle(const QString &path, bool solving = false);
 };
+
+// A window test of the whole program, started afresh before every test function.
+class TProgramTest : public QObject, protected TWindowTest {
+    Q_OBJECT
+
+protected slots:
+    void init()
+    {
+        setUpWindowTest();
+        startProgram();
+    }
+    void cleanup() { tearDownWindowTest(); }
+};

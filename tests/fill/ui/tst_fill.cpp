@@ -29,7 +29,7 @@ bool emptyCorner()
 
 }  // namespace
 
-class TestFill : public QObject, TWindowTest {
+class TestFill : public TProgramTest {
     Q_OBJECT
 
     void openPuzzle(const QString &text)
@@ -41,13 +41,6 @@ class TestFill : public QObject, TWindowTest {
     QDialog *progressWindow() { return main()->findChild<QDialog *>(QStringLiteral("FillProgressForm")); }
 
 private slots:
-    void init()
-    {
-        setUpWindowTest();
-        startProgram();
-    }
-    void cleanup() { tearDownWindowTest(); }
-
     void fillGridFillsThePuzzleAsOneChangeThatOneUndoTakesBack()
     {
         openPuzzle(Corner);

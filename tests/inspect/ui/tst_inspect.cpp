@@ -54,7 +54,6 @@ private slots:
     {
         auto *scan = tool<TScanGridForm>("ScanGridAct");
         QVERIFY(scan && scan->isVisible());
-        QCOMPARE(scan->windowTitle(), QStringLiteral("Scan Grid"));
         QTest::keyClicks(scan->ScanEdit, "ar");
         QCOMPARE(scan->ScanEdit->text(), QStringLiteral("AR"));
         QTest::keyClick(scan->ScanEdit, Qt::Key_Return);

@@ -26,7 +26,7 @@ bool sameGridAndClues(const TPuzzle &a, const TPuzzle &b)
 
 }  // namespace
 
-class TestInterchange : public QObject, TWindowTest {
+class TestInterchange : public TProgramTest {
     Q_OBJECT
 
     QAction *action(const char *name) { return act(name); }
@@ -39,14 +39,6 @@ class TestInterchange : public QObject, TWindowTest {
     }
 
 private slots:
-    void init()
-    {
-        setUpWindowTest();
-        startProgram();
-    }
-
-    void cleanup() { tearDownWindowTest(); }
-
     void anOpenedPuzFileIsUnsavedUntilSaveNamesAnXwd()
     {
         openPuzzle(exported(Finished, TFileKind::Puz, "stroll.puz"), false);

@@ -21,7 +21,7 @@ const char *const Clued =
 
 }  // namespace
 
-class TestMainForm : public QObject, TWindowTest {
+class TestMainForm : public TProgramTest {
     Q_OBJECT
 
     QString makePuzzle(const QString &name, const char *text = Clued) const { return writePuzzle(name, text); }
@@ -33,13 +33,6 @@ class TestMainForm : public QObject, TWindowTest {
     }
 
 private slots:
-    void init()
-    {
-        setUpWindowTest();
-        startProgram();
-    }
-    void cleanup() { tearDownWindowTest(); }
-
     void newPuzzleIsWrittenAtOnceAndOpenedForConstructing()
     {
         const QString path = dir->path("fresh.xwd");

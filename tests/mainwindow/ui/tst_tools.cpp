@@ -18,7 +18,7 @@
 
 #include <csignal>
 
-class TestTools : public QObject, TWindowTest {
+class TestTools : public TProgramTest {
     Q_OBJECT
 
     // A tool that notes each start in its log and then keeps running.
@@ -33,12 +33,6 @@ class TestTools : public QObject, TWindowTest {
     static int starts(const QString &tool) { return int(ReadFileBytes(tool + ".log").count("started")); }
 
 private slots:
-    void init()
-    {
-        setUpWindowTest();
-        startProgram();
-    }
-
     void cleanup()
     {
         for (int slot = 0; slot < 5; ++slot)

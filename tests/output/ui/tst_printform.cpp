@@ -62,7 +62,6 @@ private slots:
 
     void showingReadsTheSettingsAndNamesTheTitle()
     {
-        QCOMPARE(form->windowTitle(), QStringLiteral("Print Puzzle"));
         QCOMPARE(form->TitleEdit->text(), QStringLiteral("sunday-stroll"));
         QVERIFY(!form->MSChk->isChecked());
         QCOMPARE(form->CopyEd->value(), 1);

@@ -15,7 +15,7 @@
 #include <QSpinBox>
 #include <QStackedWidget>
 
-class TestPrefForm : public QObject, TWindowTest {
+class TestPrefForm : public TProgramTest {
     Q_OBJECT
 
     // Runs Preferences with `script` playing the user.
@@ -42,18 +42,9 @@ class TestPrefForm : public QObject, TWindowTest {
     static QString stored(const char *name) { return ReadText(QString::fromLatin1(name), QStringLiteral("<absent>")); }
 
 private slots:
-    void init()
-    {
-        setUpWindowTest();
-        startProgram();
-    }
-
-    void cleanup() { tearDownWindowTest(); }
-
     void opensShowingTheDefaultsOfAnEmptyStoreThenWhatIsStored()
     {
         preferences([](TXwdPrefForm *f) {
-            QCOMPARE(f->windowTitle(), QStringLiteral("Quillmark Preferences"));
             QCOMPARE(f->PageControl1->currentWidget()->objectName(), QStringLiteral("GeneralPg"));
             QVERIFY(f->SoundChk->isChecked());
             QVERIFY(!f->SpeechChk->isChecked() && !f->CursorsChk->isChecked() && !f->ThreadChk->isChecked());

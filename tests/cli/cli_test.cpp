@@ -20,9 +20,7 @@ const char *const Clued =
 
 QString writeClued(const TScratchDir &dir)
 {
-    const QString path = dir.path("clued.xwd");
-    WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(QString::fromUtf8(Clued))));
-    return path;
+    return WritePuzzleText(dir.path("clued.xwd"), QString::fromUtf8(Clued));
 }
 
 }  // namespace

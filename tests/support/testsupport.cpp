@@ -1,5 +1,6 @@
 #include "testsupport.h"
 
+#include "model/puzzlefile.h"
 #include "model/puzzletext.h"
 #include "settings/txwdprocs.h"
 
@@ -62,6 +63,19 @@ bool WriteFileBytes(const QString &path, const QByteArray &bytes)
 TPuzzle PuzzleFrom(const QString &text)
 {
     return PuzzleFromText(text);
+}
+
+QString GridRows(QStringList top, int size, QChar fill)
+{
+    while (top.size() < size)
+        top.append(QString(size, fill));
+    return top.join(u'\n') + u'\n';
+}
+
+QString WritePuzzleText(const QString &path, const QString &text)
+{
+    WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(text)));
+    return path;
 }
 
 TScratchDir::TScratchDir()

@@ -20,6 +20,10 @@ bool WriteFileBytes(const QString &path, const QByteArray &bytes);
 
 // A puzzle from its text form; see model/puzzletext.h.
 TPuzzle PuzzleFrom(const QString &text);
+// The text form's grid rows: `top`, then rows of `fill` up to `size` rows, each ending in a newline.
+QString GridRows(QStringList top, int size = 11, QChar fill = u'#');
+// A puzzle file written at `path` from the text form; the path.
+QString WritePuzzleText(const QString &path, const QString &text);
 
 // A folder of the test's own that is removed with the object.
 class TScratchDir {

@@ -44,11 +44,9 @@ void TWindowTest::startProgram()
     program->Start({});
 }
 
-QString TWindowTest::writePuzzle(const QString &name, const char *text) const
+QString TWindowTest::writePuzzle(const QString &name, const QString &text) const
 {
-    const QString path = dir->path(name);
-    WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(QString::fromUtf8(text))));
-    return path;
+    return WritePuzzleText(dir->path(name), text);
 }
 
 void TWindowTest::openPuzzle(const QString &path, bool solving)

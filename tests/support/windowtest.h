@@ -65,7 +65,7 @@ protected:
     TXwdGridForm *grid() const { return program->GridForm; }
     QAction *act(const char *name) const { return main()->findChild<QAction *>(QString::fromLatin1(name)); }
     // A puzzle file in the scratch folder, from its text form.
-    QString writePuzzle(const QString &name, const char *text) const;
+    QString writePuzzle(const QString &name, const QString &text) const;
     // Opens a file through the Open commands, for solving or for constructing.
     void openPuzzle(const QString &path, bool solving = false);
 };

@@ -7,11 +7,9 @@
 namespace {
 
 // An 11 x 11 grid: `top` rows, then black rows.
-QString gridText(QStringList top)
+QString gridText(const QStringList &top)
 {
-    while (top.size() < 11)
-        top.append(QStringLiteral("###########"));
-    return QStringLiteral("size 11\nlanguage 0\ngrid\n%1\nclues\n").arg(top.join(u'\n'));
+    return "size 11\nlanguage 0\ngrid\n" + GridRows(top) + "clues\n";
 }
 
 // A 3 x 3 corner to fill; and no black square at all: eleven-letter words no search finds soon.
@@ -34,7 +32,7 @@ class TestFill : public TProgramTest {
 
     void openPuzzle(const QString &text)
     {
-        TWindowTest::openPuzzle(writePuzzle("fill.xwd", text.toUtf8().constData()));
+        TWindowTest::openPuzzle(writePuzzle("fill.xwd", text));
         QCOMPARE(int(PuzzleMode), int(ConstructMode));
     }
 

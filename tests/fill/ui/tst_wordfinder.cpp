@@ -13,9 +13,7 @@ namespace {
 
 // Two rows of three open squares in a black grid: CA? across above ??? across, and three
 // two-letter down words. No word starts with T, so CAT leaves its down word nothing.
-const char *const Fixture = "size 11\ngrid\nCA.########\n...########\n###########\n###########\n"
-                            "###########\n###########\n###########\n###########\n###########\n"
-                            "###########\n###########\n";
+const QString Fixture = "size 11\ngrid\n" + GridRows({"CA.########", "...########"});
 const char *const Words = "cat;90\ncar;60\nre;50\nan;50\nco;50\nore;40\n";
 
 }  // namespace

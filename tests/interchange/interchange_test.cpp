@@ -4,7 +4,6 @@
 #include "model/cp1252.h"
 #include "model/puzzlefile.h"
 
-#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -111,21 +110,6 @@ QString refusal(const QByteArray &bytes, TFileKind kind, const TImportOptions &o
 
 }  // namespace
 
-TEST(Interchange, EveryExampleKeepsItsContentThroughPuzAndIpuz)
-{
-    const QStringList examples = QDir(QStringLiteral(QUILLMARK_EXAMPLES)).entryList({"*.xwd"});
-    ASSERT_GE(examples.size(), 2);
-    for (const QString &name : examples) {
-        SCOPED_TRACE(name.toStdString());
-        const TPuzzle p = LoadPuzzleFile(QStringLiteral(QUILLMARK_EXAMPLES "/") + name).Puzzle;
-        expectSameContent(p, throughFormat(p, TFileKind::Ipuz));
-        if (p.IsGridFull())
-            expectSameContent(p, throughFormat(p, TFileKind::Puz));
-        else
-            EXPECT_THROW(ExportPuzzle(p, TFileKind::Puz, {}), TInterchangeError);
-    }
-}
-
 TEST(Interchange, GeneratedPuzzlesOfEverySizeKeepTheirContent)
 {
     for (int size = 11; size <= MaxGrid; size += 2)
@@ -139,6 +123,7 @@ TEST(Interchange, GeneratedPuzzlesOfEverySizeKeepTheirContent)
             expectSameContent(full, throughFormat(full, TFileKind::Ipuz));
             const TPuzzle unfinished = generated(size, 100 * size + seed, false);
             expectSameContent(unfinished, throughFormat(unfinished, TFileKind::Ipuz));
+            EXPECT_THROW(ExportPuzzle(unfinished, TFileKind::Puz, {}), TInterchangeError) << "a .puz needs every letter";
         }
 }
 

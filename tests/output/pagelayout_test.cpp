@@ -217,10 +217,6 @@ TEST_F(PageLayout, PuzzlePageColumnsFollowTheGridSize)
 
 TEST_F(PageLayout, PuzzlePageTextGrowsForSmallerGrids)
 {
-    EXPECT_EQ(PuzzlePageSizeStep(13), 3);
-    EXPECT_EQ(PuzzlePageSizeStep(17), 2);
-    EXPECT_EQ(PuzzlePageSizeStep(19), 1);
-    EXPECT_EQ(PuzzlePageSizeStep(21), 0);
     const auto acrossSize = [](int size) {
         const TPage page = ComposePages(openGrid(size), jobOf(TPageFormat::PuzzlePage)).first();
         return findText(page, QStringLiteral("ACROSS"))->Font.pixelSize();

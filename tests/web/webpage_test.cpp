@@ -32,11 +32,6 @@ QJsonObject embeddedPuzzle(const QString &page)
     return QJsonDocument::fromJson(m.captured(1).toUtf8()).object();
 }
 
-int cli(const QStringList &args)
-{
-    return RunCli(args).code;
-}
-
 }  // namespace
 
 // The fifteen's own clues and byline, markup and "</script>" among them, are the expected
@@ -78,15 +73,15 @@ TEST(WebPage, CliWritesPagesOrNothingWithTheUsualExitCodes)
     WriteFileAtomically(puzzle, EncodePuzzle(fifteen()));
     WriteFileBytes(dir.path("short.xwd"), QByteArray(100, 'x'));
 
-    EXPECT_EQ(cli({"export-web", puzzle, dir.path("page.html")}), 0);
+    EXPECT_EQ(RunCli({"export-web", puzzle, dir.path("page.html")}).code, 0);
     EXPECT_EQ(embeddedPuzzle(QString::fromUtf8(ReadFileBytes(dir.path("page.html"))))["title"].toString(), "fifteen");
-    EXPECT_EQ(cli({"generate-player", dir.path("player.html")}), 0);
+    EXPECT_EQ(RunCli({"generate-player", dir.path("player.html")}).code, 0);
     EXPECT_EQ(ReadFileBytes(dir.path("player.html")), PlayerPage());
 
-    EXPECT_EQ(cli({"export-web", puzzle}), 1);
-    EXPECT_EQ(cli({"export-web", dir.path("short.xwd"), dir.path("bad.html")}), 2);
-    EXPECT_EQ(cli({"export-web", puzzle, dir.path("missing/folder/page.html")}), 3);
-    EXPECT_EQ(cli({"player", dir.path("missing/folder/player.html")}), 3);
+    EXPECT_EQ(RunCli({"export-web", puzzle}).code, 1);
+    EXPECT_EQ(RunCli({"export-web", dir.path("short.xwd"), dir.path("bad.html")}).code, 2);
+    EXPECT_EQ(RunCli({"export-web", puzzle, dir.path("missing/folder/page.html")}).code, 3);
+    EXPECT_EQ(RunCli({"player", dir.path("missing/folder/player.html")}).code, 3);
     EXPECT_FALSE(QFile::exists(dir.path("bad.html")));
 
     // An unfinished puzzle is refused as bad input, with its empty squares named.

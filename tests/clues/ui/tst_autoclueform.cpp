@@ -83,8 +83,7 @@ private slots:
         QCOMPARE(shown(), QStringLiteral("1  Down AEINQ"));
         QCOMPARE(form->CountLbl->text(), QStringLiteral("(5)"));
         QTest::keyClicks(edit, QStringLiteral("Caf"));
-        QKeyEvent accented(QEvent::KeyPress, 0, Qt::NoModifier, QString(QChar(0xE9)));
-        QApplication::sendEvent(edit, &accented);
+        TypeChar(edit, QChar(0xE9));
         QCOMPARE(Puzzle.clue(2), QByteArray("Caf\xE9"));
 
         // Ctrl+U puts a blank before the selection, or at the caret; Ctrl+Y empties the box.

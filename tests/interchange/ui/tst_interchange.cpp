@@ -29,8 +29,6 @@ bool sameGridAndClues(const TPuzzle &a, const TPuzzle &b)
 class TestInterchange : public TProgramTest {
     Q_OBJECT
 
-    QAction *action(const char *name) { return act(name); }
-
     QString exported(const QString &xwd, TFileKind kind, const QString &name)
     {
         const QString path = dir->path(name);
@@ -118,19 +116,19 @@ private slots:
 
     void exportWritesBothFormatsAndRefusesAnUnfinishedPuz()
     {
-        QVERIFY(!action("ExportPuzAct")->isEnabled());
+        QVERIFY(!act("ExportPuzAct")->isEnabled());
         openPuzzle(Unfinished, false);
-        QVERIFY(action("ExportPuzAct")->isEnabled());
+        QVERIFY(act("ExportPuzAct")->isEnabled());
 
         (*dialogs)->Files.append(TFileChoice{dir->path("harbour"), 1});
-        action("ExportPuzAct")->trigger();
+        act("ExportPuzAct")->trigger();
         QCOMPARE((*dialogs)->FileRequests.last().FileName, QStringLiteral("harbour-lights.puz"));
         QCOMPARE((*dialogs)->Errors.size(), 1);
         QVERIFY((*dialogs)->Errors.first().contains(u"not finished"));
         QVERIFY(!QFile::exists(dir->path("harbour.puz")));
 
         (*dialogs)->Files.append(TFileChoice{dir->path("harbour"), 1});
-        action("ExportIpuzAct")->trigger();
+        act("ExportIpuzAct")->trigger();
         const TImportedPuzzle back = ImportPuzzleFile(dir->path("harbour.ipuz"));
         QVERIFY(sameGridAndClues(back.Puzzle, Puzzle));
         QCOMPARE(back.Title, QStringLiteral("harbour-lights"));

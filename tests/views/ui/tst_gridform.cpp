@@ -238,8 +238,7 @@ private slots:
         open(QStringLiteral("size 5\ngrid\n.B...\n.....\n.....\n.....\n.....\n"));
         click(1, 1);
         QTest::keyClick(form.get(), 'a');
-        for (const char16_t refused : {u'é', u'É', u'Š', u'一'})  // not English, or no Windows-1252 byte at all
-            typeChar(QChar(refused));
+        typeChar(QChar(u'É'));  // not English: which letters pass is the editor's test
         QCOMPARE(Puzzle.Cells(2, 1), uint8_t('B'));
         QTest::keyClick(form.get(), Qt::Key_Backspace);
         QCOMPARE(CellAt(form->Editor.CursorPos), QPoint(1, 1));

@@ -30,13 +30,8 @@ TEST(WordStarts, OpenGridNumbersRowOneAndColumnOne)
 
 TEST(WordStarts, BlackSquaresDecideWordsAtEdgesAndBesideThem)
 {
-    const TPuzzle p = PuzzleFrom(QStringLiteral(
-        "size 11\ngrid\n"
-        "A#.........\n"
-        "...........\n"
-        ".........#A\n"
-        "...........\n...........\n...........\n...........\n...........\n"
-        "...........\n...........\n....#......\n"));
+    const TPuzzle p = PuzzleFrom("size 11\ngrid\nA#.........\n...........\n.........#A\n"
+                                 + QStringLiteral("...........\n").repeated(7) + "....#......\n");
     EXPECT_FALSE(p.IsAcrossStart(1, 1)) << "white then black in column 2 starts nothing";
     EXPECT_FALSE(p.IsAcrossStart(2, 1)) << "black squares start nothing";
     EXPECT_TRUE(p.IsAcrossStart(3, 1));
@@ -50,10 +45,7 @@ TEST(WordStarts, BlackSquaresDecideWordsAtEdgesAndBesideThem)
 
 TEST(WordStarts, SlotOrderPutsAcrossBeforeDownAtOneSquare)
 {
-    const TPuzzle p = PuzzleFrom(QStringLiteral(
-        "size 11\ngrid\n"
-        "...#.......\n...........\n...........\n...........\n...........\n"
-        "...........\n...........\n...........\n...........\n...........\n...........\n"));
+    const TPuzzle p = PuzzleFrom("size 11\ngrid\n" + GridRows({"...#......."}, 11, u'.'));
     const QList<TWordRef> words = WordsInSlotOrder(p);
     ASSERT_GE(words.size(), 5);
     EXPECT_EQ(words[0].Number, 1);
@@ -70,10 +62,7 @@ TEST(WordStarts, SlotOrderPutsAcrossBeforeDownAtOneSquare)
 
 TEST(GetWord, ReadsToTheBlackSquareOrTheEdge)
 {
-    TPuzzle p = PuzzleFrom(QStringLiteral(
-        "size 11\ngrid\n"
-        "CA?T#DO.GHI\n...........\n...........\n...........\n...........\n"
-        "...........\n...........\n...........\n...........\n...........\n...........\n"));
+    TPuzzle p = PuzzleFrom("size 11\ngrid\n" + GridRows({"CA?T#DO.GHI"}, 11, u'.'));
     EXPECT_EQ(p.GetWord(1, 1, 'a'), QByteArray("CA?T"));
     EXPECT_EQ(p.GetWord(6, 1, 'a'), QByteArray("DO\0GHI", 6)) << "an empty square reads as code 0";
     EXPECT_EQ(p.GetWord(10, 1, 'a'), QByteArray("HI")) << "stops at the edge";

@@ -12,13 +12,10 @@
 
 namespace {
 
-// Row 1 black at its first square, the rest of the grid open.
-TPuzzle openEleven()
+// An open eleven but for `first`, its first row.
+TPuzzle openEleven(const QString &first = QStringLiteral("#.........."))
 {
-    QString text = QStringLiteral("size 11\ngrid\n#..........\n");
-    for (int r = 2; r <= 11; ++r)
-        text += QStringLiteral("...........\n");
-    return PuzzleFrom(text);
+    return PuzzleFrom("size 11\ngrid\n" + GridRows({first}, 11, u'.'));
 }
 
 QList<QByteArray> lines(const QByteArray &file)
@@ -51,11 +48,8 @@ QImage renderEps(const TScratchDir &dir, const QByteArray &eps)
 
 TEST(EpsExport, AnswerGridMarksIAndWAndWritesEveryOtherSquareAsALetterBox)
 {
-    QString text = QStringLiteral("size 11\ngrid\nIWA#.......\n");
-    for (int r = 2; r <= 11; ++r)
-        text += QStringLiteral("...........\n");
     const QList<QByteArray> l =
-        lines(EpsGridText(PuzzleFrom(text), GridKind::AnswerGrid, EpsStyle::Regular, "P.eps", "d"));
+        lines(EpsGridText(openEleven("IWA#......."), GridKind::AnswerGrid, EpsStyle::Regular, "P.eps", "d"));
     EXPECT_EQ(l.mid(13, 3), (QList<QByteArray>{"/lb {wb x y mv 5 -17 rm} def", "/ib {wb x y mv 8 -17 rm} def",
                                                "/ww {wb x y mv 4 -17 rm} def"}));
     EXPECT_EQ(l[22], "/Helvetica-Bold findfont 16 scalefont setfont");

@@ -254,7 +254,7 @@ TEST_F(PageLayout, PuzzlePageBylineAndEveryClueEvenPastTheLastColumn)
 // on the manuscript and on the puzzle page, its pieces read in the order they were placed.
 TEST_F(PageLayout, EachPaperGetsPagesThatKeepEveryClueWholeAndOnThePaper)
 {
-    const TPuzzle sample = LoadPuzzleFile(QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd")).Puzzle;
+    const TPuzzle sample = SamplePuzzle();
     const TPuzzle crowded = openGrid(23, 66, true);
     for (const auto &[name, paper, width, height] : {std::tuple{"A4", QPageSize::A4, 2100, 2970},
                                                      {"A5", QPageSize::A5, 1480, 2100},

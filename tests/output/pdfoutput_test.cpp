@@ -37,11 +37,6 @@ QString infoField(const QString &info, const QString &name)
     return match.hasMatch() ? match.captured(1).trimmed() : QString();
 }
 
-TPuzzle example()
-{
-    return LoadPuzzleFile(QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd")).Puzzle;
-}
-
 TPrintJob job(std::initializer_list<TPageFormat> formats, const QString &title = QStringLiteral("Sunday Stroll"))
 {
     TPrintJob j;
@@ -61,7 +56,7 @@ protected:
 
 TEST_F(PdfOutput, LetterPagesCountedPerFormatWithTitleAndSubject)
 {
-    const TPuzzle p = example();
+    const TPuzzle p = SamplePuzzle();
     struct Case {
         std::initializer_list<TPageFormat> formats;
         int pages;
@@ -130,7 +125,7 @@ TEST_F(PdfOutput, ManuscriptTextHoldsEveryNumberAndAnswer)
         }
 
     const QString path = dir.path(QStringLiteral("ms.pdf"));
-    PrintToPdf(example(), job({TPageFormat::Manuscript}), path);
+    PrintToPdf(SamplePuzzle(), job({TPageFormat::Manuscript}), path);
     const QString text = run(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
     for (const QString &s : {QStringLiteral("Sunday Stroll"), QStringLiteral("Page 1"), QStringLiteral("ACROSS"),
                              QStringLiteral("DOWN")})
@@ -148,7 +143,7 @@ TEST_F(PdfOutput, ManuscriptTextHoldsEveryNumberAndAnswer)
 
 TEST_F(PdfOutput, BlackSquaresPrintDarkAndOpenSquaresLight)
 {
-    const TPuzzle p = example();
+    const TPuzzle p = SamplePuzzle();
     const QString path = dir.path(QStringLiteral("ng.pdf"));
     const TPrintJob j = job({TPageFormat::NumberedGrid});
     PrintToPdf(p, j, path);

@@ -46,7 +46,7 @@ protected:
 TEST_F(MimeTypes, EveryPuzzleFileIsKnownByItsTypeWhateverItsGridsSide)
 {
     ASSERT_TRUE(QFile::exists(QStringLiteral("/usr/share/mime/packages/freedesktop.org.xml")));
-    const TPuzzle sample = LoadPuzzleFile(QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd")).Puzzle;
+    const TPuzzle sample = SamplePuzzle();
     EXPECT_EQ(TypeOfFile("sample.xwd", EncodePuzzle(sample)), "application/x-quillmark-puzzle");
     EXPECT_EQ(TypeOfFile("version5.xwd", EncodePuzzle5(sample)), "application/x-quillmark-puzzle");
     for (const int side : {11, 23}) {

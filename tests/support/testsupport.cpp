@@ -78,6 +78,16 @@ QString WritePuzzleText(const QString &path, const QString &text)
     return path;
 }
 
+TPuzzle SamplePuzzle()
+{
+    return LoadPuzzleFile(QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd")).Puzzle;
+}
+
+TPuzzle Fifteen()
+{
+    return PuzzleFromText(QString::fromUtf8(ReadFileBytes(QStringLiteral(QUILLMARK_TEST_DATA "/fifteen.txt"))));
+}
+
 TScratchDir::TScratchDir()
 {
     dir_.setAutoRemove(true);

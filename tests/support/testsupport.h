@@ -7,6 +7,8 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include <string_view>
+
 // Points HOME, the XDG folders and the settings store at a fresh temporary folder for the
 // whole test program. Call first thing in main, before the application object.
 void IsolateUserFolders();
@@ -18,12 +20,18 @@ void ResetSettings();
 QByteArray ReadFileBytes(const QString &path);
 bool WriteFileBytes(const QString &path, const QByteArray &bytes);
 
+// The bytes as the word lists' string views.
+inline std::string_view View(const QByteArray &bytes) { return {bytes.constData(), size_t(bytes.size())}; }
+
 // A puzzle from its text form; see model/puzzletext.h.
 TPuzzle PuzzleFrom(const QString &text);
 // The text form's grid rows: `top`, then rows of `fill` up to `size` rows, each ending in a newline.
 QString GridRows(QStringList top, int size = 11, QChar fill = u'#');
 // A puzzle file written at `path` from the text form; the path.
 QString WritePuzzleText(const QString &path, const QString &text);
+// The finished sample puzzle the program ships, and the fifteen of tests/data whose clues hold markup.
+TPuzzle SamplePuzzle();
+TPuzzle Fifteen();
 
 // A folder of the test's own that is removed with the object.
 class TScratchDir {

@@ -43,7 +43,6 @@ private slots:
         const TFileRequest request = (*dialogs)->FileRequests.first();
         QCOMPARE(request.Title, QStringLiteral("New 15x puzzle for constructing"));
         QCOMPARE(request.FileName, QStringLiteral("untitled.xwd"));
-        QCOMPARE(request.Filter, QStringLiteral("Quillmark Crossword Puzzle |*.xwd"));
         QCOMPARE(ReadFileBytes(path).size(), PuzzleFileSize);
         QCOMPARE(int(PuzzleMode), int(ConstructMode));
         QCOMPARE(CurrentPuzzlePath, path);

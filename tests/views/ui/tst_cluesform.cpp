@@ -83,11 +83,8 @@ private slots:
         QVERIFY2(firstLeft >= 1 && firstLeft <= 4, qPrintable(QString::number(firstLeft)));
         QVERIFY2(secondLeft >= 2 + em - 1 && secondLeft <= 2 + em + 3, qPrintable(QString::number(secondLeft)));
 
-        // A clue without spaces gets the second line's room, but stays on one line.
+        // A clue without spaces gets the second line's room (that it stays on one is the layout's test).
         QCOMPARE(item(3).height(), 2 * 17 + 2);
-        const QImage unbroken = image.copy(item(3));
-        QVERIFY(leftmostInk(unbroken, 0, line - 2) >= 0);
-        QCOMPARE(leftmostInk(unbroken, line + 1, 2 * 17), -1);
 
         // Every resize fills the list again and measures anew; the selection goes.
         form()->SelectSlot(3);

@@ -6,6 +6,11 @@ void TypeChar(QWidget *widget, QChar ch)
     QApplication::sendEvent(widget, &press);
 }
 
+void ClickLine(QListWidget *list, int row)
+{
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+}
+
 int RedPixels(const QImage &image, const QRect &area)
 {
     int count = 0;

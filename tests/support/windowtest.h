@@ -44,6 +44,8 @@ public:
 
 // A typed character as a keyboard without its key sends it.
 void TypeChar(QWidget *widget, QChar ch);
+// A left click in the middle of a list's line.
+void ClickLine(QListWidget *list, int row);
 // How many pixels of `area` are a strong red (error marks, repeats, guidelines).
 int RedPixels(const QImage &image, const QRect &area);
 

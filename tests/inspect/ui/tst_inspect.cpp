@@ -62,8 +62,7 @@ private slots:
         QCOMPARE(scan->ScanList->item(1)->text(), QStringLiteral("ARCH"));
 
         TXwdGridForm *grid = program->GridForm;
-        const QRect arch = scan->ScanList->visualItemRect(scan->ScanList->item(1));
-        QTest::mouseClick(scan->ScanList->viewport(), Qt::LeftButton, {}, arch.center());
+        ClickLine(scan->ScanList, 1);
         QCOMPARE(grid->Editor.CursorPos, CellTopLeft(2, 1));
         QCOMPARE(grid->Editor.WordDirection, 2);
         QCOMPARE(grid->Editor.HighlightedSquares(),

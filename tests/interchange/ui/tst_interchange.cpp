@@ -61,24 +61,6 @@ private slots:
         QVERIFY(main()->RevertToSavedAct->isEnabled());
     }
 
-    void anUnsavedImportIsNeverLeftUnasked()
-    {
-        // Even when solving, where a puzzle with a file is saved without a question.
-        openPuzzle(exported(Finished, TFileKind::Ipuz, "stroll.ipuz"), true);
-        QCOMPARE(int(PuzzleMode), int(SolveMode));
-        (*dialogs)->Answers.append(TAnswer::Cancel);
-        QVERIFY(!main()->close());
-        QCOMPARE((*dialogs)->Questions, QStringList{"Puzzle has changed. Save current changes? [YNC]"});
-
-        // Yes asks for a name; cancelling that keeps the program open.
-        (*dialogs)->Answers.append(TAnswer::Yes);
-        QVERIFY(!main()->close());
-        QCOMPARE((*dialogs)->FileRequests.last().DefaultExtension, QStringLiteral("xwd"));
-
-        (*dialogs)->Answers.append(TAnswer::No);
-        QVERIFY(main()->close());
-    }
-
     void aRefusedFileIsReportedAndTheOpenPuzzleStays()
     {
         openPuzzle(Finished, false);

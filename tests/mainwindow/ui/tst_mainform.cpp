@@ -2,11 +2,14 @@
 
 #include "mainwindow/ui/tinfowin.h"
 #include "mainwindow/ui/tsoundfx.h"
+#include "settings/screenfit.h"
 #include "windowtest.h"
 #include "views/ui/tcluesform.h"
 
 #include <QFileInfo>
 #include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QSignalSpy>
@@ -341,6 +344,48 @@ private slots:
         main()->AutoArrangeAct->trigger();
         QCOMPARE(main()->size(), main()->minimumSize());
         QVERIFY(main()->minimumWidth() >= 270);
+    }
+
+    // Settings saved on another screen, or edited by hand, never put a window where the user
+    // cannot see or reach it: the program starts with each and its windows are on the screen.
+    void windowsStayOnTheScreen_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QVariant>("value");
+        QTest::newRow("main window saved on a second monitor that is gone")
+            << "ScreenBoundsMain" << QVariant(QStringLiteral("100000,50,300,400"));
+        QTest::newRow("main window bounds at the limits of a number")
+            << "ScreenBoundsMain" << QVariant(QStringLiteral("2147483647,2147483647,2147483647,2147483647"));
+        QTest::newRow("grid window far past the left edge") << "ScreenBoundsGrid" << QVariant(QStringLiteral("-5000,-5000,300,300"));
+        QTest::newRow("square size of the largest number") << "ScreenSquare" << QVariant(2147483647);
+        QTest::newRow("status font of 700 points") << "StatusFontSize" << QVariant(700);
+        QTest::newRow("grid letters of 700 points") << "FontSize" << QVariant(700);
+    }
+
+    void windowsStayOnTheScreen()
+    {
+        QFETCH(QString, name);
+        QFETCH(QVariant, value);
+        program.reset();  // the run the test began with writes its own bounds as it ends
+        WriteSetting(name, value);
+        TPuzzle p;
+        p.ClearPuzzle(23, 'N', "A. Setter", 0);
+        const QString path = dir->path("big.xwd");
+        WriteFileAtomically(path, EncodePuzzle(p));
+        restart({path});
+        QVERIFY(QTest::qWaitForWindowExposed(main()));
+        QVERIFY(QTest::qWaitForWindowExposed(grid()));
+
+        const QRect screen = main()->screen()->availableGeometry();
+        const QMenuBar *menus = main()->menuBar();
+        const QRect menuBar(menus->mapToGlobal(QPoint(0, 0)), menus->size());
+        const auto at = [](const QRect &r) { return QStringLiteral(" at %1,%2 %3x%4").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height()); };
+        QVERIFY2(screen.contains(menuBar), qPrintable("menu bar" + at(menuBar)));
+        QVERIFY2(screen.contains(grid()->frameGeometry()), qPrintable("grid window" + at(grid()->frameGeometry())));
+        QVERIFY(SquareSize >= 1);
+        QCOMPARE(grid()->width(), GridWindowExtent(23, SquareSize));
+        QVERIFY(grid()->font().pointSize() <= MaxFontPointSize);
+        QVERIFY(main()->frameGeometry().height() <= screen.height());
     }
 };
 

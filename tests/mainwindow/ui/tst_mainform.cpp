@@ -1,5 +1,6 @@
-// The main window and the puzzle's lifecycle, driven as a user would, with scripted dialogs.
+// The main window, the puzzle's lifecycle and its undo, driven as a user would, with scripted dialogs.
 
+#include "clues/ui/tautoclueform.h"
 #include "mainwindow/ui/tinfowin.h"
 #include "mainwindow/ui/tsoundfx.h"
 #include "settings/screenfit.h"
@@ -22,6 +23,13 @@ const char *const Clued =
     "...........\n...........\n...........\n...........\n...........\n.........#.\n"
     "clues\n1A Purring pet\n4A Barking pet\n";
 
+// Full, so that Autoclue opens without a question; (1, 1) starts 1A and 1D, whose clues a
+// black square there (and at its partner (11, 11)) takes away.
+const char *const Full = "size 11\ngrid\n"
+                         "ABCDEFGHIJK\nBCDEFGHIJKL\nCDEFGHIJKLM\nDEFGHIJKLMN\nEFGHIJKLMNO\nFGHIJKLMNOP\n"
+                         "GHIJKLMNOPQ\nHIJKLMNOPQR\nIJKLMNOPQRS\nJKLMNOPQRST\nKLMNOPQRSTU\n"
+                         "clues\n1A Alphabet\n1D Also the alphabet\n";
+
 }  // namespace
 
 class TestMainForm : public TProgramTest {
@@ -34,6 +42,21 @@ class TestMainForm : public TProgramTest {
         program = std::make_unique<TProgram>();
         program->Start(arguments);
     }
+
+    QString undoText() const { return act("UndoAct")->text(); }
+    QString redoText() const { return act("RedoAct")->text(); }
+    void openFull()
+    {
+        openPuzzle(writePuzzle("full.xwd", Full));
+        QVERIFY(QTest::qWaitForWindowExposed(grid()));
+    }
+    void click(int c, int r, Qt::MouseButton button = Qt::LeftButton)
+    {
+        QTest::mouseClick(grid(), button, Qt::NoModifier, CellTopLeft(c, r) + QPoint(4, 6));
+    }
+    void type(QChar ch) { TypeChar(grid(), ch); }
+    static void ctrlZ(QWidget *window) { QTest::keyClick(window, Qt::Key_Z, Qt::ControlModifier); }
+    QString specifications() const { return main()->DataMemo->toPlainText(); }
 
 private slots:
     void newPuzzleIsWrittenAtOnceAndOpenedForConstructing()
@@ -105,10 +128,9 @@ private slots:
         QCOMPARE(main()->ModeLabel->text(), QString());
 
         // A word without a clue still names its direction on the mode line.
-        TXwdGridForm *grid = program->GridForm;
-        QTest::mouseClick(grid, Qt::LeftButton, {}, CellTopLeft(1, 2) + QPoint(3, 3));
+        click(1, 2);
         QCOMPARE(main()->ModeLabel->text(), QStringLiteral("Across Clue"));
-        QTest::mouseClick(grid, Qt::RightButton, {}, CellTopLeft(1, 2) + QPoint(3, 3));
+        click(1, 2, Qt::RightButton);
         QCOMPARE(main()->ModeLabel->text(), QStringLiteral("Down Clue"));
     }
 
@@ -386,6 +408,108 @@ private slots:
         QCOMPARE(grid()->width(), GridWindowExtent(23, SquareSize));
         QVERIFY(grid()->font().pointSize() <= MaxFontPointSize);
         QVERIFY(main()->frameGeometry().height() <= screen.height());
+    }
+
+    // Undo and redo as the user meets them: the Edit menu, its captions, Ctrl+Z from the grid,
+    // every window showing the puzzle as it now is, and text fields keeping their own keys.
+    void theEditMenuFollowsPuzzleAndEveryTitleFitsTheMenuLine()
+    {
+        QMenu *edit = main()->Menu(QStringLiteral("EditMenu"));
+        QVERIFY(edit);
+        QVERIFY2(!edit->menuAction()->isVisible(), "no puzzle, no Edit: the logo-wide window keeps its titles");
+        openFull();
+        QCOMPARE(undoText(), QStringLiteral("&Undo"));
+        QVERIFY(!act("UndoAct")->isEnabled() && !act("RedoAct")->isEnabled());
+
+        QMenuBar *bar = main()->menuBar();
+        QStringList titles;
+        for (QAction *title : bar->actions()) {
+            if (!title->isVisible())
+                continue;
+            titles.append(title->text());
+            const QRect at = bar->actionGeometry(title);
+            QVERIFY2(!at.isEmpty() && bar->rect().contains(at), qPrintable(title->text() + " is cut off"));
+        }
+        QCOMPARE(titles, QStringList({"&Puzzle", "&Edit", "&Options", "&Grid", "T&ools", "&Help"}));
+    }
+
+    void ctrlZTakesBackALetterABlackPairAndAFlip()
+    {
+        openFull();
+        const QByteArray saved = EncodePuzzle(Puzzle);
+        TPaintCounter paints(grid());
+
+        click(4, 3);
+        type(u'z');
+        QCOMPARE(char(Puzzle.Cells(4, 3)), 'Z');
+        QCOMPARE(undoText(), QStringLiteral("&Undo Typing"));
+        click(9, 9);
+        paints.Paints = 0;
+        ctrlZ(grid());
+        QCOMPARE(char(Puzzle.Cells(4, 3)), 'F');
+        QTRY_VERIFY(paints.Paints > 0);
+        QCOMPARE(CellAt(grid()->Editor.CursorPos), QPoint(4, 3));
+        QCOMPARE(redoText(), QStringLiteral("&Redo Typing"));
+        QVERIFY2(!PuzzleChanged, "back to the saved puzzle");
+
+        QTest::mouseClick(main()->SquaresBtn, Qt::LeftButton);
+        const QString before = specifications();
+        click(1, 1);
+        QVERIFY(Puzzle.isBlock(1, 1) && Puzzle.isBlock(11, 11));
+        QVERIFY(Puzzle.clue(1).isEmpty());
+        QCOMPARE(undoText(), QStringLiteral("&Undo Black Square"));
+        QVERIFY(!act("RedoAct")->isEnabled());
+        main()->UpdateBtn->click();
+        QVERIFY(specifications() != before);
+        ctrlZ(grid());
+        QVERIFY(!Puzzle.isBlock(1, 1) && !Puzzle.isBlock(11, 11));
+        QCOMPARE(Puzzle.clue(1), QByteArray("Alphabet"));
+        QCOMPARE(specifications(), before);
+
+        QTest::mouseClick(main()->LettersBtn, Qt::LeftButton);
+        (*dialogs)->Answers = {TAnswer::Yes};
+        act("FlipAct")->trigger();
+        QCOMPARE(char(Puzzle.Cells(1, 1)), 'K');
+        QCOMPARE(undoText(), QStringLiteral("&Undo Flip"));
+        ctrlZ(main());
+        QCOMPARE(EncodePuzzle(Puzzle), saved);
+        QCOMPARE(redoText(), QStringLiteral("&Redo Flip"));
+        QTest::keyClick(grid(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(char(Puzzle.Cells(1, 1)), 'K');
+        act("UndoAct")->trigger();
+
+        (*dialogs)->Questions.clear();
+        QVERIFY(main()->close());
+        QVERIFY2((*dialogs)->Questions.isEmpty(), "undone to the saved puzzle: nothing to ask");
+    }
+
+    void autoclueKeepsCtrlYAndItsFieldItsOwnCtrlZ()
+    {
+        openFull();
+        click(4, 3);
+        type(u'z');
+        AutoclueBtnClick(main());
+        QLineEdit *field = AutoclueForm->DefEdit;
+        QVERIFY(AutoclueForm->isVisible());
+        QCOMPARE(field->text(), QStringLiteral("Alphabet"));
+        QTest::keyClicks(field, QStringLiteral("s"));
+        QCOMPARE(Puzzle.clue(1), QByteArray("Alphabets"));
+        QCOMPARE(undoText(), QStringLiteral("&Undo Clue"));
+
+        // The field's own undo: the typed "s" goes, the letter in the grid stays.
+        ctrlZ(field);
+        QCOMPARE(field->text(), QStringLiteral("Alphabet"));
+        QCOMPARE(char(Puzzle.Cells(4, 3)), 'Z');
+
+        QTest::keyClick(field, Qt::Key_Y, Qt::ControlModifier);
+        QCOMPARE(Puzzle.clue(1), QByteArray());
+        QCOMPARE(field->text(), QString());
+
+        // Edit > Undo brings the emptied clue back, and Autoclue shows it.
+        act("UndoAct")->trigger();
+        QCOMPARE(Puzzle.clue(1), QByteArray("Alphabet"));
+        QCOMPARE(field->text(), QStringLiteral("Alphabet"));
+        QCOMPARE(char(Puzzle.Cells(4, 3)), 'Z');
     }
 };
 

@@ -2,7 +2,6 @@
 #include "model/puzzletext.h"
 
 #include <QDir>
-#include <QFile>
 
 #include "testsupport.h"
 

@@ -11,7 +11,6 @@
 #include "testsupport.h"
 #include "web/webpage.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <gtest/gtest.h>

@@ -4,7 +4,6 @@
 #include "output/pdfoutput.h"
 #include "testsupport.h"
 
-#include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QProcess>

@@ -2,7 +2,6 @@
 
 #include "windowtest.h"
 #include <QDialog>
-#include <QSignalSpy>
 
 namespace {
 

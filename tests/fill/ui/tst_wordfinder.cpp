@@ -2,12 +2,13 @@
 // the main window with a small word list of the test's own.
 
 #include "windowtest.h"
+
+#include <QSpinBox>
+#include <QPlainTextEdit>
+#include <QTreeView>
 #include "fill/ui/twordfinderform.h"
 #include "fill/ui/twordlistspage.h"
 
-#include <QPlainTextEdit>
-#include <QSpinBox>
-#include <QTreeView>
 
 namespace {
 

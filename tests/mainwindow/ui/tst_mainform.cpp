@@ -11,21 +11,16 @@
 #include "windowtest.h"
 #include "views/ui/tcluesform.h"
 
+#include <QTextBrowser>
+#include <QHelpEngine>
+#include <QPlainTextEdit>
 #include <QFileInfo>
 #include <QHelpContentModel>
-#include <QHelpContentWidget>
-#include <QHelpEngine>
 #include <QHelpIndexWidget>
 #include <QMenu>
 #include <QMenuBar>
-#include <QScreen>
-#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QRegularExpression>
-#include <QScopeGuard>
-#include <QSignalSpy>
-#include <QTabWidget>
-#include <QTextBrowser>
 
 #include <csignal>
 

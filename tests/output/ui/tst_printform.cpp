@@ -6,13 +6,12 @@
 #include "output/ui/txwdprintform.h"
 #include "windowtest.h"
 
+#include <QProgressBar>
 #include <QMenu>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QProcess>
-#include <QProgressBar>
 #include <QRegularExpression>
-#include <QSpinBox>
 
 namespace {
 

@@ -6,14 +6,12 @@
 #include "windowtest.h"
 #include "views/ui/tcluesform.h"
 
-#include <QScreen>
+#include <QStackedWidget>
+#include <QSpinBox>
+#include <QButtonGroup>
 #include <QFontDialog>
 #include <QFontInfo>
 #include <QTimer>
-#include <QButtonGroup>
-#include <QRadioButton>
-#include <QSpinBox>
-#include <QStackedWidget>
 
 class TestPrefForm : public TProgramTest {
     Q_OBJECT

@@ -5,9 +5,8 @@
 #include "windowtest.h"
 #include "views/ui/tcluesform.h"
 
-#include <QImage>
 #include <QPlainTextEdit>
-#include <QScreen>
+#include <QImage>
 
 namespace {
 

@@ -78,6 +78,21 @@ QString WritePuzzleText(const QString &path, const QString &text)
     return path;
 }
 
+QString ContentDifference(const TPuzzle &a, const TPuzzle &b)
+{
+    if (a.Size != b.Size)
+        return QStringLiteral("size");
+    for (int c = 1; c <= a.Size; ++c)
+        for (int r = 1; r <= a.Size; ++r)
+            if (a.Cells(c, r) != b.Cells(c, r) || a.Entries(c, r) != b.Entries(c, r))
+                return QStringLiteral("square %1,%2").arg(c).arg(r);
+    for (const TWordRef &w : WordsInSlotOrder(a))
+        if (a.wordClue(w.Column, w.Row, w.Dir) != b.wordClue(w.Column, w.Row, w.Dir))
+            return QStringLiteral("the clue of %1%2").arg(w.Number).arg(QChar::fromLatin1(char(w.Dir)));
+    const auto byline = [](const TPuzzle &p) { return p.Byline.text() == "--" ? QByteArray() : p.Byline.text(); };
+    return byline(a) == byline(b) ? QString() : QStringLiteral("the byline");
+}
+
 TPuzzle SamplePuzzle()
 {
     return LoadPuzzleFile(QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd")).Puzzle;

@@ -29,6 +29,9 @@ TPuzzle PuzzleFrom(const QString &text);
 QString GridRows(QStringList top, int size = 11, QChar fill = u'#');
 // A puzzle file written at `path` from the text form; the path.
 QString WritePuzzleText(const QString &path, const QString &text);
+// What an exchange of files must keep and `b` lost from `a`: the grid, the solver's letters,
+// each word's clue, the byline (none and "--" alike); empty when nothing.
+QString ContentDifference(const TPuzzle &a, const TPuzzle &b);
 // The finished sample puzzle the program ships, and the fifteen of tests/data whose clues hold markup.
 TPuzzle SamplePuzzle();
 TPuzzle Fifteen();

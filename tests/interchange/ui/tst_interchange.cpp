@@ -10,20 +10,6 @@ namespace {
 const QString Finished = QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd");
 const QString Unfinished = QStringLiteral(QUILLMARK_EXAMPLES "/harbour-lights.xwd");
 
-bool sameGridAndClues(const TPuzzle &a, const TPuzzle &b)
-{
-    if (a.Size != b.Size)
-        return false;
-    for (int c = 1; c <= a.Size; ++c)
-        for (int r = 1; r <= a.Size; ++r)
-            if (a.Cells(c, r) != b.Cells(c, r) || a.Entries(c, r) != b.Entries(c, r))
-                return false;
-    for (const TWordRef &w : WordsInSlotOrder(a))
-        if (a.wordClue(w.Column, w.Row, w.Dir) != b.wordClue(w.Column, w.Row, w.Dir))
-            return false;
-    return true;
-}
-
 }  // namespace
 
 class TestInterchange : public TProgramTest {
@@ -43,7 +29,7 @@ private slots:
         QVERIFY((*dialogs)->FileRequests.first().Filter.contains(u"*.puz"));
         QVERIFY((*dialogs)->FileRequests.first().Filter.contains(u"*.ipuz"));
         QVERIFY((*dialogs)->Errors.isEmpty());
-        QVERIFY(sameGridAndClues(Puzzle, LoadPuzzleFile(Finished).Puzzle));
+        QCOMPARE(ContentDifference(Puzzle, LoadPuzzleFile(Finished).Puzzle), QString());
         QVERIFY(CurrentPuzzlePath.isEmpty());
         QVERIFY(PuzzleChanged);
         QCOMPARE(program->GridForm->windowTitle(), QStringLiteral("STROLL (not saved)"));
@@ -57,7 +43,7 @@ private slots:
         QCOMPARE((*dialogs)->FileRequests.last().FileName, QStringLiteral("Title.xwd"));
         QCOMPARE(CurrentPuzzlePath, dir->path("stroll.xwd"));
         QVERIFY(!PuzzleChanged);
-        QVERIFY(sameGridAndClues(DecodePuzzle(ReadFileBytes(CurrentPuzzlePath)), Puzzle));
+        QCOMPARE(ContentDifference(DecodePuzzle(ReadFileBytes(CurrentPuzzlePath)), Puzzle), QString());
         QVERIFY(main()->RevertToSavedAct->isEnabled());
     }
 
@@ -73,7 +59,7 @@ private slots:
         QCOMPARE((*dialogs)->Errors.size(), 1);
         QVERIFY((*dialogs)->Errors.first().contains(u"5 x 5"));
         QCOMPARE(CurrentPuzzlePath, Finished);
-        QVERIFY(sameGridAndClues(Puzzle, LoadPuzzleFile(Finished).Puzzle));
+        QCOMPARE(ContentDifference(Puzzle, LoadPuzzleFile(Finished).Puzzle), QString());
     }
 
     void longCluesAreCutOnlyWhenTheUserAgrees()
@@ -112,7 +98,7 @@ private slots:
         (*dialogs)->Files.append(TFileChoice{dir->path("harbour"), 1});
         act("ExportIpuzAct")->trigger();
         const TImportedPuzzle back = ImportPuzzleFile(dir->path("harbour.ipuz"));
-        QVERIFY(sameGridAndClues(back.Puzzle, Puzzle));
+        QCOMPARE(ContentDifference(back.Puzzle, Puzzle), QString());
         QCOMPARE(back.Title, QStringLiteral("harbour-lights"));
         QCOMPARE(CurrentPuzzlePath, Unfinished);  // an export leaves the open puzzle as it was
     }

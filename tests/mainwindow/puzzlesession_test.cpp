@@ -3,6 +3,7 @@
 #include "mainwindow/puzzlestate.h"
 #include "model/puzzlefile.h"
 #include "settings/txwdprocs.h"
+#include "scriptedprompts.h"
 #include "testsupport.h"
 #include "views/grideditor.h"
 #include "views/gridgeometry.h"
@@ -11,7 +12,6 @@
 
 #include <QDir>
 
-#include <deque>
 
 namespace {
 
@@ -19,36 +19,6 @@ const char *const Grid = "size 11\ngrid\n"
                          "...........\n...........\n...........\n...........\n...........\n"
                          "...........\n...........\n...........\n...........\n...........\n...........\n"
                          "clues\n1A first\n";
-
-// Answers from a script, and remembers what was asked.
-class TScriptedPrompts : public TSessionPrompts {
-public:
-    std::deque<TAnswer> Answers;
-    std::deque<std::optional<TFileChoice>> Files;
-    QStringList Asked;
-    QStringList Errors;
-
-    TAnswer Ask(const QString &text, bool, bool) override
-    {
-        Asked.append(text);
-        if (Answers.empty())
-            return TAnswer::Cancel;
-        const TAnswer answer = Answers.front();
-        Answers.pop_front();
-        return answer;
-    }
-    std::optional<TFileChoice> ChooseFile(const TFileRequest &request) override
-    {
-        Asked.append(request.Title);
-        if (Files.empty())
-            return std::nullopt;
-        auto choice = Files.front();
-        Files.pop_front();
-        return choice;
-    }
-    void Error(const QString &text) override { Errors.append(text); }
-    void Inform(const QString &) override {}
-};
 
 class PuzzleSession : public ::testing::Test {
 protected:

@@ -3,6 +3,7 @@
 #include "mainwindow/puzzlestate.h"
 #include "mainwindow/undohistory.h"
 #include "model/puzzlefile.h"
+#include "scriptedprompts.h"
 #include "testsupport.h"
 #include "views/grideditor.h"
 #include "views/gridgeometry.h"
@@ -18,14 +19,6 @@ const char *const Clued = "size 11\nbyline Ann Setter\ngrid\n"
                           "CAT#.......\n...........\n...........\n...........\n...........\n"
                           "...........\n...........\n...........\n...........\n...........\n..........#\n"
                           "clues\n1A Pet\n1D One down\n5D Five down\n";
-
-class TYesPrompts : public TSessionPrompts {
-public:
-    TAnswer Ask(const QString &, bool, bool) override { return TAnswer::Yes; }
-    std::optional<TFileChoice> ChooseFile(const TFileRequest &) override { return std::nullopt; }
-    void Error(const QString &) override {}
-    void Inform(const QString &) override {}
-};
 
 bool same(const TPuzzle &a, const TPuzzle &b)
 {
@@ -72,7 +65,9 @@ protected:
     void SetUp() override
     {
         ResetSettings();
-        Session().SetPrompts(std::make_shared<TYesPrompts>());
+        auto yes = std::make_shared<TScriptedPrompts>();
+        yes->Otherwise = TAnswer::Yes;
+        Session().SetPrompts(yes);
         Session().Reset();
         PuzzleMode = ConstructMode;
         path = dir.path("clued.xwd");

@@ -88,7 +88,6 @@ private slots:
     {
         auto *analysis = tool<TAnalysisForm>("AnalysisAct");
         QVERIFY(analysis && analysis->isVisible());
-        QCOMPARE(analysis->windowTitle(), QStringLiteral("Puzzle Analysis (French)"));
         QCOMPARE(analysis->Ltr2Lbl->text(), QStringLiteral("0"));
         const QColor grey(0x80, 0x80, 0x80);
         QCOMPARE(analysis->Ltr2Lbl->palette().color(QPalette::WindowText), grey);

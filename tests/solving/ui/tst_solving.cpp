@@ -27,12 +27,6 @@ class TestSolving : public QObject, TWindowTest {
 
     QString path;
 
-    void openForSolving(const QString &file)
-    {
-        openPuzzle(file, true);
-        QCOMPARE(int(PuzzleMode), int(SolveMode));
-    }
-
     // Scores the puzzle and answers the card by clicking `button` (none: just look).
     QStringList score(const char *button = nullptr)
     {
@@ -62,7 +56,7 @@ private slots:
         setUpWindowTest(30);
         startProgram();
         path = writePuzzle("solve.xwd", AlmostSolved);
-        openForSolving(path);
+        openPuzzle(path, true);
     }
 
     void cleanup() { tearDownWindowTest(); }
@@ -92,7 +86,7 @@ private slots:
 
         const QString other = dir->path("other.xwd");
         QVERIFY(QFile::copy(path, other));
-        openForSolving(other);
+        openPuzzle(other, true);
         QVERIFY(!grid()->Editor.Cheated);
         solveSquare33();
         QCOMPARE(score(), (QStringList{"CONGRATULATIONS!", "#000080", "honest", "no errors", "delete"}));
@@ -173,7 +167,7 @@ private slots:
         QVERIFY(clock->Timer1.isActive());
 
         // Opening a puzzle stops the clock; the next one starts from zero.
-        openForSolving(path);
+        openPuzzle(path, true);
         QCOMPARE(main()->ClockAct->text(), QStringLiteral("&Clock On"));
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(!main()->findChild<TXwdClockForm *>());

@@ -86,7 +86,6 @@ private slots:
     {
         WriteSetting(QStringLiteral("ScreenBoundsGrid"), QStringLiteral("40,50,999,999"));
         open(OpenGrid(15));
-        QCOMPARE(form->windowTitle(), QStringLiteral("SAMPLE"));
         QCOMPARE(SquareSize, Side);
         QCOMPARE(QRect(form->pos(), form->size()), QRect(40, 50, 15 * Side + 9, 15 * Side + 9));
         QCOMPARE(form->font().pointSize(), fontSizeFor(Side));

@@ -107,7 +107,7 @@ TEST(Analysis, FinishedGridCountsWordsLettersAndNamesItself)
     EXPECT_EQ(AnalysePuzzle(p).Identifier, "INCOMPLETE");
 }
 
-TEST(Analysis, SymmetryIsTheHalfTurnTestOnly)
+TEST(Analysis, SymmetryIsTheHalfTurnTestOnlyAndNoWordsAverageZero)
 {
     TPuzzle p;
     p.Size = 15;
@@ -118,18 +118,13 @@ TEST(Analysis, SymmetryIsTheHalfTurnTestOnly)
     p.Cells(15, 15) = 0;
     p.Cells(15, 1) = BlockChar;
     EXPECT_FALSE(AnalysePuzzle(p).Symmetric);
-}
 
-TEST(Analysis, AGridWithoutWordsAveragesZero)
-{
-    TPuzzle p;
-    p.Size = 11;
-    for (int r = 1; r <= 11; ++r)
-        for (int c = 1; c <= 11; ++c)
+    // A grid without words averages zero.
+    for (int r = 1; r <= 15; ++r)
+        for (int c = 1; c <= 15; ++c)
             p.Cells(c, r) = BlockChar;
-    const TAnalysis a = AnalysePuzzle(p);
-    EXPECT_EQ(a.Words, 0);
-    EXPECT_EQ(a.AverageLength, 0);
+    EXPECT_EQ(AnalysePuzzle(p).Words, 0);
+    EXPECT_EQ(AnalysePuzzle(p).AverageLength, 0);
 }
 
 TEST(Transforms, InvertTwiceIsTheIdentityWithCluesKept)

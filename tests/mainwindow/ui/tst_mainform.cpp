@@ -92,7 +92,7 @@ private slots:
     {
         const QString path = dir->path("fresh.xwd");
         (*dialogs)->Files.append(TFileChoice{path, 1});
-        main()->findChild<QAction *>("New15Act")->trigger();
+        act("New15Act")->trigger();
 
         QCOMPARE((*dialogs)->FileRequests.size(), 1);
         const TFileRequest request = (*dialogs)->FileRequests.first();
@@ -114,7 +114,7 @@ private slots:
         Puzzle.Cells(1, 1) = 'Q';
         PuzzleChanged = true;
         (*dialogs)->Answers.append(TAnswer::Cancel);
-        main()->findChild<QAction *>("New11Act")->trigger();
+        act("New11Act")->trigger();
         QCOMPARE((*dialogs)->Questions, QStringList{"Puzzle has changed. Save current changes? [YNC]"});
         QCOMPARE(program->SoundFX->Played(), QList<int>{1});
         QCOMPARE(int(Puzzle.Size), 15);  // the other answers are the session's test
@@ -123,7 +123,7 @@ private slots:
     void foreignExtensionsAreRefusedAndNothingIsWritten()
     {
         (*dialogs)->Files.append(TFileChoice{dir->path("puzzle.txt"), 1});
-        main()->findChild<QAction *>("New13Act")->trigger();
+        act("New13Act")->trigger();
         QCOMPARE((*dialogs)->Errors, QStringList{"Not a valid Quillmark puzzle."});
         QVERIFY(!QFile::exists(dir->path("puzzle.txt")));
         QVERIFY(CurrentPuzzlePath.isEmpty());

@@ -20,14 +20,14 @@ class TestPrefForm : public TProgramTest {
     void preferences(std::function<void(TXwdPrefForm *)> script)
     {
         (*dialogs)->DialogScripts.append([script](QDialog *d) { script(static_cast<TXwdPrefForm *>(d)); });
-        program->MainForm->findChild<QAction *>("PreferencesAct")->trigger();
+        act("PreferencesAct")->trigger();
     }
 
     void newPuzzle()
     {
         (*dialogs)->Files.append(TFileChoice{dir->path("p.xwd"), 1});
-        program->MainForm->findChild<QAction *>("New15Act")->trigger();
-        QVERIFY(program->MainForm->IsPuzzleOpen());
+        act("New15Act")->trigger();
+        QVERIFY(main()->IsPuzzleOpen());
     }
 
     static void clickColour(TXwdPrefForm *form, int index, Qt::MouseButton button, Qt::KeyboardModifiers mods = {})

@@ -10,8 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 namespace {
 
 // (6, 1) starts 5D; its diagonal partner is (6, 11).
@@ -19,11 +17,6 @@ const char *const Clued = "size 11\nbyline Ann Setter\ngrid\n"
                           "CAT#.......\n...........\n...........\n...........\n...........\n"
                           "...........\n...........\n...........\n...........\n...........\n..........#\n"
                           "clues\n1A Pet\n1D One down\n5D Five down\n";
-
-bool same(const TPuzzle &a, const TPuzzle &b)
-{
-    return std::memcmp(&a, &b, sizeof(TPuzzle)) == 0;
-}
 
 }  // namespace
 
@@ -115,12 +108,12 @@ TEST_F(SessionUndo, MixedEditsUndoneToTheStartAndRedoneGiveBothRecordsByteForByt
     const TPuzzle final = Puzzle;
 
     EXPECT_EQ(undoAll(), QStringList({"Typing", "Grid Language", "Byline", "Flip", "Black Square", "Typing"}));
-    EXPECT_TRUE(same(Puzzle, original));
+    EXPECT_TRUE(SameRecord(Puzzle, original));
     EXPECT_FALSE(PuzzleChanged) << "back to the puzzle as it was opened";
     EXPECT_EQ(Session().Redo(), (TUndoPlace{{5, 2}, 0})) << "the cursor goes to the typed square";
     while (Session().History().CanRedo())
         Session().Redo();
-    EXPECT_TRUE(same(Puzzle, final));
+    EXPECT_TRUE(SameRecord(Puzzle, final));
     EXPECT_TRUE(PuzzleChanged);
 }
 
@@ -133,7 +126,7 @@ TEST_F(SessionUndo, ASymmetricBlackPairWithItsLostCluesComesBackInOneUndo)
     EXPECT_EQ(Session().History().UndoCaption(), "Black Square");
 
     EXPECT_EQ(Session().Undo()->Square, QPoint(6, 1)) << "the cursor goes to the first square of the pair";
-    EXPECT_TRUE(same(Puzzle, original));
+    EXPECT_TRUE(SameRecord(Puzzle, original));
     EXPECT_EQ(Puzzle.clue(slot), "Five down");
     EXPECT_FALSE(Session().History().CanUndo());
 }

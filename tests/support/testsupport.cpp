@@ -9,6 +9,7 @@
 #include <QSettings>
 
 #include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -58,6 +59,11 @@ bool WriteFileBytes(const QString &path, const QByteArray &bytes)
 {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+bool SameRecord(const TPuzzle &a, const TPuzzle &b)
+{
+    return std::memcmp(&a, &b, sizeof(TPuzzle)) == 0;
 }
 
 TPuzzle PuzzleFrom(const QString &text)

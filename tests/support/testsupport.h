@@ -23,6 +23,9 @@ bool WriteFileBytes(const QString &path, const QByteArray &bytes);
 // The bytes as the word lists' string views.
 inline std::string_view View(const QByteArray &bytes) { return {bytes.constData(), size_t(bytes.size())}; }
 
+// Whether two records hold the same bytes, unused ones included.
+bool SameRecord(const TPuzzle &a, const TPuzzle &b);
+
 // A puzzle from its text form; see model/puzzletext.h.
 TPuzzle PuzzleFrom(const QString &text);
 // The text form's grid rows: `top`, then rows of `fill` up to `size` rows, each ending in a newline.

@@ -103,7 +103,7 @@ private slots:
         act("FlipAct")->trigger();
         QCOMPARE((*dialogs)->Questions,
                  QStringList{QStringLiteral("!Some definitions may be lost in transformation. Flip..? [YN]")});
-        QVERIFY(memcmp(&before, &Puzzle, sizeof Puzzle) == 0);
+        QVERIFY(SameRecord(before, Puzzle));
         QVERIFY(!PuzzleChanged);
 
         act("FlipAct")->trigger();

@@ -11,9 +11,9 @@
 #include "windowtest.h"
 
 #include <QClipboard>
-#include <QToolBar>
 #include <QScrollBar>
 #include <QTableWidget>
+#include <QToolBar>
 
 namespace {
 

@@ -11,16 +11,16 @@
 #include "windowtest.h"
 #include "views/ui/tcluesform.h"
 
-#include <QTextBrowser>
-#include <QHelpEngine>
-#include <QPlainTextEdit>
 #include <QFileInfo>
 #include <QHelpContentModel>
+#include <QHelpEngine>
 #include <QHelpIndexWidget>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QRegularExpression>
+#include <QTextBrowser>
 
 #include <csignal>
 

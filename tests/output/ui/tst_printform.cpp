@@ -6,11 +6,11 @@
 #include "output/ui/txwdprintform.h"
 #include "windowtest.h"
 
-#include <QProgressBar>
 #include <QMenu>
-#include <QPrintPreviewWidget>
 #include <QPrinter>
+#include <QPrintPreviewWidget>
 #include <QProcess>
+#include <QProgressBar>
 #include <QRegularExpression>
 
 namespace {

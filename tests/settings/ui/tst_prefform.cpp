@@ -6,11 +6,11 @@
 #include "windowtest.h"
 #include "views/ui/tcluesform.h"
 
-#include <QStackedWidget>
-#include <QSpinBox>
 #include <QButtonGroup>
 #include <QFontDialog>
 #include <QFontInfo>
+#include <QSpinBox>
+#include <QStackedWidget>
 #include <QTimer>
 
 class TestPrefForm : public TProgramTest {

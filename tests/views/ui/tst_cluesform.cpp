@@ -5,8 +5,8 @@
 #include "windowtest.h"
 #include "views/ui/tcluesform.h"
 
-#include <QPlainTextEdit>
 #include <QImage>
+#include <QPlainTextEdit>
 
 namespace {
 

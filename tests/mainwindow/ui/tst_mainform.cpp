@@ -649,10 +649,10 @@ private slots:
         QTRY_VERIFY(index->model()->rowCount() > 0);
         const auto lookUp = [&](const char *keyword) {
             help->IndexEdit->setText(keyword);
-            QTest::qWaitFor([&] { return index->model()->rowCount() == 1; });
+            const bool one = QTest::qWaitFor([&] { return index->model()->rowCount() == 1; });
             index->setCurrentIndex(index->model()->index(0, 0));
             index->activateCurrentItem();
-            return index->model()->rowCount() == 1 ? index->model()->index(0, 0).data().toString() : QString();
+            return one ? index->model()->index(0, 0).data().toString() : QString();
         };
         QCOMPARE(lookUp("Symm"), QStringLiteral("Symmetry"));
         QTRY_COMPARE(help->Browser->source().fileName(), QStringLiteral("constructing.html"));

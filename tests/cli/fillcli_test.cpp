@@ -1,5 +1,4 @@
 #include "model/puzzlefile.h"
-#include "model/puzzletext.h"
 #include "clirun.h"
 #include "testsupport.h"
 
@@ -11,19 +10,13 @@ namespace {
 
 QString writePuzzle(const TScratchDir &dir, const QString &name, const QStringList &rows)
 {
-    const QString path = dir.path(name);
-    WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(
-                                  QStringLiteral("size 11\ngrid\n%1\nclues\n").arg(rows.join(u'\n')))));
-    return path;
+    return WritePuzzleText(dir.path(name), "size 11\ngrid\n" + GridRows(rows));
 }
 
 // A 3 x 3 corner of an 11 x 11 grid, with T given at its top right.
 QString corner(const TScratchDir &dir)
 {
-    QStringList rows = {"..T########", "...########", "...########"};
-    while (rows.size() < 11)
-        rows.append(QStringLiteral("###########"));
-    return writePuzzle(dir, QStringLiteral("corner.xwd"), rows);
+    return writePuzzle(dir, QStringLiteral("corner.xwd"), {"..T########", "...########", "...########"});
 }
 
 QString wordList(const TScratchDir &dir, const QByteArray &text)
@@ -63,10 +56,10 @@ TEST(FillCli, ExitCodesForTheTimeLimitBadArgumentsAndUnreadableOrUnwritableFiles
     const QString out = dir.path(QStringLiteral("out.xwd"));
     const QString words = wordList(dir, "BAT\nORE\nWED\nBOW\nARE\nTED\n");
     // 24 separate two-letter slots and 23 words: the search runs until it is stopped.
-    const QString open = QStringLiteral("..#..#..#..");
-    const QString black = QStringLiteral("###########");
-    const QString endless = writePuzzle(dir, QStringLiteral("endless.xwd"),
-                                        {open, black, open, black, open, black, open, black, open, black, open});
+    QStringList rows = {QStringLiteral("..#..#..#..")};
+    while (rows.size() < 11)
+        rows << QStringLiteral("###########") << rows.first();
+    const QString endless = writePuzzle(dir, QStringLiteral("endless.xwd"), rows);
     QByteArray twoLetter;
     for (char a = 'A'; a < 'A' + 23; ++a)
         twoLetter += QByteArray(1, a) + "Z\n";

@@ -1,5 +1,3 @@
-#include "model/puzzlefile.h"
-#include "model/puzzletext.h"
 #include "clirun.h"
 #include "testsupport.h"
 
@@ -47,11 +45,8 @@ TEST(WordListCli, BadPatternsAndListsEndWithTheirExitCodes)
 TEST(WordListCli, FillReportScoresEveryCompleteEntry)
 {
     TScratchDir dir;
-    const QString path = dir.path("in.xwd");
-    WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(QStringLiteral(
-                                  "size 11\ngrid\nCAT#CAT#ZZ#\n"
-                                  "O##########\nT#DO.######\n###########\n###########\n###########\n"
-                                  "###########\n###########\n###########\n###########\n###########\n"))));
+    const QString path =
+        WritePuzzleText(dir.path("in.xwd"), "size 11\ngrid\n" + GridRows({"CAT#CAT#ZZ#", "O##########", "T#DO.######"}));
     const QJsonObject o = QJsonDocument::fromJson(RunCli(withList(dir, {"fill-report", "--json", path})).out).object();
     EXPECT_EQ(o["entries"].toArray().size(), 4) << "the unfinished DO? is not an entry";
     ASSERT_EQ(o["notInList"].toArray().size(), 1);

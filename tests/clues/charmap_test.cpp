@@ -2,18 +2,16 @@
 
 #include "clues/charmap.h"
 
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 TEST(CharMap, CellsHoldTheirCodeOrTheTypographicCharacter)
 {
-    EXPECT_EQ(CharMapCell(0, 0), QByteArray("___"));
-    EXPECT_EQ(CharMapCell(1, 0), QByteArray("\xA2"));    // 162, its own code
-    EXPECT_EQ(CharMapCell(9, 0), QByteArray("\xA9"));    // ©
-    EXPECT_EQ(CharMapCell(5, 0), QByteArray("\x85"));    // …
-    EXPECT_EQ(CharMapCell(3, 2), QByteArray("\x8A"));    // Š
-    EXPECT_EQ(CharMapCell(0, 9), QByteArray("\xFB"));    // 251
-    EXPECT_EQ(CharMapCell(4, 9), QByteArray("\xFF"));    // 255, the last before the codes wrap
-    EXPECT_EQ(CharMapCell(9, 9), QByteArray("\x99"));    // ™
+    // The blank, 162 (its own code), ©, …, Š, 251, 255 (the last before the codes wrap), ™.
+    for (const auto &[c, r, cell] : {std::tuple{0, 0, "___"}, {1, 0, "\xA2"}, {9, 0, "\xA9"}, {5, 0, "\x85"},
+                                     {3, 2, "\x8A"}, {0, 9, "\xFB"}, {4, 9, "\xFF"}, {9, 9, "\x99"}})
+        EXPECT_EQ(CharMapCell(c, r), QByteArray(cell)) << c << "," << r;
     int specials = 0;
     for (int r = 0; r < CharMapRows; ++r)
         for (int c = 0; c < CharMapColumns; ++c)

@@ -20,11 +20,8 @@ TEST(DefList, LinesPadTheNumberAndEndWithTheAnswer)
 {
     EXPECT_EQ(DefLine(7, "Feline", "CAT"), QByteArray("    7  Feline  | CAT"));
     EXPECT_EQ(DefLine(12, "", "DOG"), QByteArray("  12    | DOG"));
-    EXPECT_EQ(PadNumber(9), QByteArray("    9"));
-    EXPECT_EQ(PadNumber(10), QByteArray("  10"));
-    EXPECT_EQ(PadNumber(99), QByteArray("  99"));
-    EXPECT_EQ(PadNumber(100), QByteArray("100"));
-    EXPECT_EQ(PadNumber(179), QByteArray("179"));
+    for (const auto &[number, padded] : {std::pair{9, "    9"}, {10, "  10"}, {99, "  99"}, {100, "100"}, {179, "179"}})
+        EXPECT_EQ(PadNumber(number), QByteArray(padded));
 }
 
 TEST(DefList, FillingNumbersASharedSquareOnceInBothLists)

@@ -97,9 +97,10 @@ TFillRequest endless()
     QList<QByteArray> words;
     for (char a = 'A'; a < 'A' + 23; ++a)
         words.append(QByteArray(1, a) + 'Z');
-    const QString open = QStringLiteral("..#..#..#..");
-    const QString black = QStringLiteral("###########");
-    return request(grid({open, black, open, black, open, black, open, black, open, black, open}), list(words));
+    QStringList rows = {QStringLiteral("..#..#..#..")};
+    while (rows.size() < 11)
+        rows << QStringLiteral("###########") << rows.first();
+    return request(grid(rows), list(words));
 }
 
 }  // namespace

@@ -14,11 +14,6 @@ TWordList listOf(const char *text)
     return ParseWordList(QByteArray(text), 0).Words;
 }
 
-std::string_view view(const QByteArray &bytes)
-{
-    return {bytes.constData(), size_t(bytes.size())};
-}
-
 bool fits(std::string_view word, const QByteArray &pattern)
 {
     if (word.size() != size_t(pattern.size()))

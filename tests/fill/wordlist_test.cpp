@@ -15,14 +15,9 @@ QString norm(const QString &word, int language)
     return FromCp1252(NormaliseWord(word, language));
 }
 
-std::string_view view(const QByteArray &bytes)
-{
-    return {bytes.constData(), size_t(bytes.size())};
-}
-
 int scoreOf(const TWordList &list, const QString &word)
 {
-    const int at = list.find(view(ToCp1252(word)));
+    const int at = list.find(View(ToCp1252(word)));
     return at < 0 ? -1 : list.score(at);
 }
 

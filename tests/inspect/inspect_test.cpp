@@ -9,12 +9,9 @@
 
 namespace {
 
-TPuzzle grid11(const QStringList &rows, const QString &clues = {})
+TPuzzle grid11(const QStringList &rows, const QString &clues = {}, QChar fill = u'.')
 {
-    QStringList all = rows;
-    while (all.size() < 11)
-        all.append(QStringLiteral("..........."));
-    return PuzzleFrom(QStringLiteral("size 11\ngrid\n") + all.join(u'\n') + QStringLiteral("\nclues\n") + clues);
+    return PuzzleFrom(QStringLiteral("size 11\ngrid\n") + GridRows(rows, 11, fill) + QStringLiteral("clues\n") + clues);
 }
 
 QList<QByteArray> texts(const QList<TScanItem> &items)
@@ -29,9 +26,7 @@ QList<QByteArray> texts(const QList<TScanItem> &items)
 
 TEST(ScanGrid, ScanForOrderAcrossBeforeDownAndRowByRow)
 {
-    const TPuzzle p = grid11({"CART#######", "#R#########", "#C#########", "#H#########", "###########",
-                              "###########", "###########", "###########", "###########", "###########",
-                              "###########"});
+    const TPuzzle p = grid11({"CART#######", "#R#########", "#C#########", "#H#########"}, {}, u'#');
     const QList<TScanItem> items = ScanFor(p, "AR");
     EXPECT_EQ(texts(items), (QList<QByteArray>{"CART", "ARCH"}));
     EXPECT_EQ(items[0].Direction, 1);
@@ -57,17 +52,13 @@ TEST(ScanGrid, LookAlikesShareTheFirstOrLastThreeLettersAndAreComplete)
 TEST(ScanGrid, ScanAllGroupsLaterLookAlikesAndFlagsARepeat)
 {
     const TPuzzle p = grid11({"STONE######", "###########", "STORM######", "###########", "PHONE######",
-                              "###########", "STONE######", "###########", "ST.RE######", "###########",
-                              "###########"});
+                              "###########", "STONE######", "###########", "ST.RE######"}, {}, u'#');
     const TScanResult r = ScanAll(p);
     EXPECT_EQ(texts(r.Items), (QList<QByteArray>{"STONE", "    STORM", "    PHONE", "    STONE ", "STORM",
                                                  "    STONE", "PHONE", "    STONE"}));
     EXPECT_TRUE(r.Repeats);
     EXPECT_EQ(r.Items[3].Row, 7);
-    EXPECT_FALSE(ScanAll(grid11({"STONE######", "###########", "PLANK######", "###########", "###########",
-                                 "###########", "###########", "###########", "###########", "###########",
-                                 "###########"}))
-                     .Repeats);
+    EXPECT_FALSE(ScanAll(grid11({"STONE######", "###########", "PLANK######"}, {}, u'#')).Repeats);
 }
 
 TEST(Analysis, EmptyGridIsOneWordPerRowAndColumn)
@@ -116,7 +107,7 @@ TEST(Analysis, FinishedGridCountsWordsLettersAndNamesItself)
     EXPECT_EQ(AnalysePuzzle(p).Identifier, "INCOMPLETE");
 }
 
-TEST(Analysis, SymmetryIsTheHalfTurnTestOnly)
+TEST(Analysis, SymmetryIsTheHalfTurnTestOnlyAndNoWordsAverageZero)
 {
     TPuzzle p;
     p.Size = 15;
@@ -127,18 +118,13 @@ TEST(Analysis, SymmetryIsTheHalfTurnTestOnly)
     p.Cells(15, 15) = 0;
     p.Cells(15, 1) = BlockChar;
     EXPECT_FALSE(AnalysePuzzle(p).Symmetric);
-}
 
-TEST(Analysis, AGridWithoutWordsAveragesZero)
-{
-    TPuzzle p;
-    p.Size = 11;
-    for (int r = 1; r <= 11; ++r)
-        for (int c = 1; c <= 11; ++c)
+    // A grid without words averages zero.
+    for (int r = 1; r <= 15; ++r)
+        for (int c = 1; c <= 15; ++c)
             p.Cells(c, r) = BlockChar;
-    const TAnalysis a = AnalysePuzzle(p);
-    EXPECT_EQ(a.Words, 0);
-    EXPECT_EQ(a.AverageLength, 0);
+    EXPECT_EQ(AnalysePuzzle(p).Words, 0);
+    EXPECT_EQ(AnalysePuzzle(p).AverageLength, 0);
 }
 
 TEST(Transforms, InvertTwiceIsTheIdentityWithCluesKept)
@@ -150,8 +136,7 @@ TEST(Transforms, InvertTwiceIsTheIdentityWithCluesKept)
     EXPECT_EQ(p.GetWord(1, 1, 'd'), "CAT");
     EXPECT_EQ(p.clue(p.slotAt(1, 1, Direction::Down)), "Pet");
     TransformPuzzle(p, TTransformKind::Invert);
-    EXPECT_EQ(QByteArray(reinterpret_cast<const char *>(&p), sizeof p),
-              QByteArray(reinterpret_cast<const char *>(&start), sizeof start));
+    EXPECT_TRUE(SameRecord(p, start));
 }
 
 TEST(Transforms, FourRotationsGiveBackTheSquaresButNotTheDownClues)
@@ -180,9 +165,7 @@ TEST(Transforms, OnlyTheFirstDuplicateGetsTheClueAndOpenOrEmptyStartsLoseIt)
 {
     // Flip swaps rows 1 and 11. Both old EELs find the first EEL of the new grid (now in
     // row 1), so the later one's clue is the one it keeps, and the other EEL gets none.
-    TPuzzle p = grid11({"EEL#?AT#.OG", "###########", "###########", "###########", "###########",
-                        "###########", "###########", "###########", "###########", "###########",
-                        "EEL########"},
+    TPuzzle p = grid11(QStringList{"EEL#?AT#.OG"} + QStringList(9, QStringLiteral("###########")) + QStringList{"EEL########"},
                        QStringLiteral("1A First eel\n2A Open\n3A Empty start\n4A Second eel\n"));
     TransformPuzzle(p, TTransformKind::Flip);
     EXPECT_EQ(p.clue(p.slotAt(1, 1, Direction::Across)), "Second eel");

@@ -4,7 +4,6 @@
 #include "model/cp1252.h"
 #include "model/puzzlefile.h"
 
-#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -59,21 +58,9 @@ TPuzzle generated(int size, quint32 seed, bool full)
     return p;
 }
 
-// Everything an exchange must keep: the grid, the solver's letters, each word's clue and
-// the byline (no byline and "--" both mean none).
 void expectSameContent(const TPuzzle &a, const TPuzzle &b)
 {
-    ASSERT_EQ(a.Size, b.Size);
-    for (int c = 1; c <= a.Size; ++c)
-        for (int r = 1; r <= a.Size; ++r) {
-            EXPECT_EQ(a.Cells(c, r), b.Cells(c, r)) << "cell " << c << "," << r;
-            EXPECT_EQ(a.Entries(c, r), b.Entries(c, r)) << "entry " << c << "," << r;
-        }
-    for (const TWordRef &w : WordsInSlotOrder(a))
-        EXPECT_EQ(a.wordClue(w.Column, w.Row, w.Dir), b.wordClue(w.Column, w.Row, w.Dir))
-            << w.Number << char(w.Dir);
-    const auto byline = [](const TPuzzle &p) { return p.Byline.text() == "--" ? QByteArray() : p.Byline.text(); };
-    EXPECT_EQ(byline(a), byline(b));
+    EXPECT_EQ(ContentDifference(a, b).toStdString(), "");
 }
 
 TPuzzle throughFormat(const TPuzzle &p, TFileKind kind)
@@ -111,21 +98,6 @@ QString refusal(const QByteArray &bytes, TFileKind kind, const TImportOptions &o
 
 }  // namespace
 
-TEST(Interchange, EveryExampleKeepsItsContentThroughPuzAndIpuz)
-{
-    const QStringList examples = QDir(QStringLiteral(QUILLMARK_EXAMPLES)).entryList({"*.xwd"});
-    ASSERT_GE(examples.size(), 2);
-    for (const QString &name : examples) {
-        SCOPED_TRACE(name.toStdString());
-        const TPuzzle p = LoadPuzzleFile(QStringLiteral(QUILLMARK_EXAMPLES "/") + name).Puzzle;
-        expectSameContent(p, throughFormat(p, TFileKind::Ipuz));
-        if (p.IsGridFull())
-            expectSameContent(p, throughFormat(p, TFileKind::Puz));
-        else
-            EXPECT_THROW(ExportPuzzle(p, TFileKind::Puz, {}), TInterchangeError);
-    }
-}
-
 TEST(Interchange, GeneratedPuzzlesOfEverySizeKeepTheirContent)
 {
     for (int size = 11; size <= MaxGrid; size += 2)
@@ -139,6 +111,7 @@ TEST(Interchange, GeneratedPuzzlesOfEverySizeKeepTheirContent)
             expectSameContent(full, throughFormat(full, TFileKind::Ipuz));
             const TPuzzle unfinished = generated(size, 100 * size + seed, false);
             expectSameContent(unfinished, throughFormat(unfinished, TFileKind::Ipuz));
+            EXPECT_THROW(ExportPuzzle(unfinished, TFileKind::Puz, {}), TInterchangeError) << "a .puz needs every letter";
         }
 }
 

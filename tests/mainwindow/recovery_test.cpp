@@ -9,7 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 
 namespace {
 
@@ -50,7 +49,7 @@ TEST(Recovery, OnlyAFileNoRunningProgramHoldsIsOfferedAndItComesBackWhole)
     ASSERT_EQ(found.size(), 1);
     ASSERT_TRUE(found[0].Content);
     const TRecoveredPuzzle expected = sample();
-    EXPECT_EQ(std::memcmp(&found[0].Content->Puzzle, &expected.Puzzle, sizeof(TPuzzle)), 0);
+    EXPECT_TRUE(SameRecord(found[0].Content->Puzzle, expected.Puzzle));
     EXPECT_EQ(found[0].Content->OriginalPath, expected.OriginalPath);
     EXPECT_EQ(found[0].Content->Mode, ConstructMode);
     EXPECT_EQ(found[0].Content->Written, expected.Written);

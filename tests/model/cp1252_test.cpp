@@ -1,5 +1,7 @@
 #include "model/cp1252.h"
 
+#include <utility>
+
 #include <gtest/gtest.h>
 
 TEST(Cp1252, EveryCodeRoundTripsThroughUnicode)
@@ -16,14 +18,11 @@ TEST(Cp1252, EveryCodeRoundTripsThroughUnicode)
 
 TEST(Cp1252, TheHighRangeMapsToTypographicCharacters)
 {
-    EXPECT_EQ(Cp1252ToUnicode(0x80), QChar(0x20AC));  // euro
-    EXPECT_EQ(Cp1252ToUnicode(0x85), QChar(0x2026));  // ellipsis
-    EXPECT_EQ(Cp1252ToUnicode(0x8A), QChar(0x0160));  // S caron
-    EXPECT_EQ(Cp1252ToUnicode(0x93), QChar(0x201C));  // left double quote
-    EXPECT_EQ(Cp1252ToUnicode(0x99), QChar(0x2122));  // trade mark
-    EXPECT_EQ(Cp1252ToUnicode(0x9F), QChar(0x0178));  // Y diaeresis
-    EXPECT_EQ(Cp1252ToUnicode(0xC9), QChar(0x00C9));  // E acute
-    EXPECT_EQ(Cp1252ToUnicode(0xDB), QChar(0x00DB));  // the black-square byte is a letter too
+    // Euro, ellipsis, S caron, left double quote, trade mark, Y diaeresis, E acute, and the
+    // black-square byte, which is a letter too.
+    for (const auto &[code, unicode] : {std::pair{0x80, 0x20AC}, {0x85, 0x2026}, {0x8A, 0x0160}, {0x93, 0x201C},
+                                        {0x99, 0x2122}, {0x9F, 0x0178}, {0xC9, 0x00C9}, {0xDB, 0x00DB}})
+        EXPECT_EQ(Cp1252ToUnicode(uint8_t(code)), QChar(unicode)) << code;
 }
 
 TEST(Cp1252, CharactersWithoutACodeAreReplaced)

@@ -2,7 +2,6 @@
 #include "model/puzzletext.h"
 
 #include <QDir>
-#include <QFile>
 
 #include "testsupport.h"
 
@@ -23,7 +22,7 @@ TEST(Examples, EachPuzzleIsItsSourceBuiltAgain)
 
 TEST(Examples, TheFinishedPuzzleIsFullAndEveryWordClued)
 {
-    const TPuzzle p = LoadPuzzleFile(QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd")).Puzzle;
+    const TPuzzle p = SamplePuzzle();
     EXPECT_TRUE(p.IsGridFull());
     const QList<TWordRef> words = WordsInSlotOrder(p);
     EXPECT_LE(words.size(), MaxWords);

@@ -30,13 +30,8 @@ TEST(WordStarts, OpenGridNumbersRowOneAndColumnOne)
 
 TEST(WordStarts, BlackSquaresDecideWordsAtEdgesAndBesideThem)
 {
-    const TPuzzle p = PuzzleFrom(QStringLiteral(
-        "size 11\ngrid\n"
-        "A#.........\n"
-        "...........\n"
-        ".........#A\n"
-        "...........\n...........\n...........\n...........\n...........\n"
-        "...........\n...........\n....#......\n"));
+    const TPuzzle p = PuzzleFrom("size 11\ngrid\nA#.........\n...........\n.........#A\n"
+                                 + QStringLiteral("...........\n").repeated(7) + "....#......\n");
     EXPECT_FALSE(p.IsAcrossStart(1, 1)) << "white then black in column 2 starts nothing";
     EXPECT_FALSE(p.IsAcrossStart(2, 1)) << "black squares start nothing";
     EXPECT_TRUE(p.IsAcrossStart(3, 1));
@@ -50,10 +45,7 @@ TEST(WordStarts, BlackSquaresDecideWordsAtEdgesAndBesideThem)
 
 TEST(WordStarts, SlotOrderPutsAcrossBeforeDownAtOneSquare)
 {
-    const TPuzzle p = PuzzleFrom(QStringLiteral(
-        "size 11\ngrid\n"
-        "...#.......\n...........\n...........\n...........\n...........\n"
-        "...........\n...........\n...........\n...........\n...........\n...........\n"));
+    const TPuzzle p = PuzzleFrom("size 11\ngrid\n" + GridRows({"...#......."}, 11, u'.'));
     const QList<TWordRef> words = WordsInSlotOrder(p);
     ASSERT_GE(words.size(), 5);
     EXPECT_EQ(words[0].Number, 1);
@@ -68,25 +60,16 @@ TEST(WordStarts, SlotOrderPutsAcrossBeforeDownAtOneSquare)
     EXPECT_EQ(words.size(), WordCount(p));
 }
 
-TEST(GetWord, ReadsToTheBlackSquareOrTheEdge)
+TEST(GetWord, ReadsToTheBlackSquareOrTheEdgeAndNeverPast80Characters)
 {
-    TPuzzle p = PuzzleFrom(QStringLiteral(
-        "size 11\ngrid\n"
-        "CA?T#DO.GHI\n...........\n...........\n...........\n...........\n"
-        "...........\n...........\n...........\n...........\n...........\n...........\n"));
+    TPuzzle p = PuzzleFrom("size 11\ngrid\n" + GridRows({"CA?T#DO.GHI"}, 11, u'.'));
     EXPECT_EQ(p.GetWord(1, 1, 'a'), QByteArray("CA?T"));
     EXPECT_EQ(p.GetWord(6, 1, 'a'), QByteArray("DO\0GHI", 6)) << "an empty square reads as code 0";
     EXPECT_EQ(p.GetWord(10, 1, 'a'), QByteArray("HI")) << "stops at the edge";
     EXPECT_EQ(p.GetWord(1, 1, 'd').size(), 11);
     EXPECT_EQ(p.GetWord(1, 10, 'x').size(), 2) << "anything but 'a' reads down";
-}
-
-TEST(GetWord, NeverLongerThan80Characters)
-{
-    TPuzzle p;
-    p.ClearPuzzle(23, 'N', {}, 0);
-    p.Size = 200;  // a corrupt size must not run the word past its limit
-    EXPECT_EQ(p.GetWord(1, 1, 'd').size(), 80);
+    p.Size = 200;
+    EXPECT_EQ(p.GetWord(11, 1, 'd').size(), 80) << "a corrupt size never runs a word past 80";
 }
 
 TEST(IsGridFull, EmptySquaresOnlyMakeAGridIncomplete)

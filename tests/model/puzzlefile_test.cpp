@@ -48,7 +48,7 @@ private:
 
 }  // namespace
 
-TEST(CurrentFormat, RoundTripsEveryByteAndIsLittleEndian)
+TEST(CurrentFormat, RoundTripsEveryByteIsLittleEndianAndReadsTheFirst17818Bytes)
 {
     QByteArray bytes = noise(PuzzleFileSize);
     bytes[0] = 15;
@@ -65,10 +65,8 @@ TEST(CurrentFormat, RoundTripsEveryByteAndIsLittleEndian)
     EXPECT_EQ(out[1060 + 92 + 2], 0x04);
     EXPECT_EQ(out[1060 + 92 + 3], 0x03);
     EXPECT_EQ(out[17817], 3) << "language is the last byte";
-}
 
-TEST(CurrentFormat, ReadsTheFirst17818BytesOfALongerFile)
-{
+    // A longer file is read for its first 17818 bytes.
     TScratchDir dir;
     ASSERT_TRUE(WriteFileBytes(dir.path("long.xwd"), EncodePuzzle(PuzzleFrom(QString::fromLatin1(SmallGrid))) + "more"));
     ReadPuzzle(dir.path("long.xwd"));

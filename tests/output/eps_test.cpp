@@ -12,13 +12,10 @@
 
 namespace {
 
-// Row 1 black at its first square, the rest of the grid open.
-TPuzzle openEleven()
+// An open eleven but for `first`, its first row.
+TPuzzle openEleven(const QString &first = QStringLiteral("#.........."))
 {
-    QString text = QStringLiteral("size 11\ngrid\n#..........\n");
-    for (int r = 2; r <= 11; ++r)
-        text += QStringLiteral("...........\n");
-    return PuzzleFrom(text);
+    return PuzzleFrom("size 11\ngrid\n" + GridRows({first}, 11, u'.'));
 }
 
 QList<QByteArray> lines(const QByteArray &file)
@@ -33,29 +30,31 @@ QList<QByteArray> lines(const QByteArray &file)
     return out;
 }
 
-// Renders an EPS with Ghostscript at one pixel a point, cropped to its bounding box.
-QImage renderEps(const TScratchDir &dir, const QByteArray &eps)
+// Ghostscript's reading of an EPS through `device`, to `output` ("-" for its standard output).
+QByteArray ghostscript(const TScratchDir &dir, const QByteArray &eps, const QStringList &device, const QString &output)
 {
-    const QString in = dir.path("in.eps");
-    const QString out = dir.path("out.png");
-    WriteFileBytes(in, eps);
+    WriteFileBytes(dir.path("in.eps"), eps);
     QProcess gs;
-    gs.start(QStringLiteral("gs"), {"-q", "-dSAFER", "-dBATCH", "-dNOPAUSE", "-dEPSCrop", "-sDEVICE=png16m",
-                                   "-r72", "-sOutputFile=" + out, in});
+    gs.start(QStringLiteral("gs"), QStringList{"-q", "-dSAFER", "-dBATCH", "-dNOPAUSE"} + device
+                                       + QStringList{"-sOutputFile=" + output, dir.path("in.eps")});
     EXPECT_TRUE(gs.waitForFinished(30000));
     EXPECT_EQ(gs.exitCode(), 0) << gs.readAllStandardError().constData();
-    return QImage(out);
+    return gs.readAllStandardOutput();
+}
+
+// Renders an EPS at one pixel a point, cropped to its bounding box.
+QImage renderEps(const TScratchDir &dir, const QByteArray &eps)
+{
+    ghostscript(dir, eps, {"-dEPSCrop", "-sDEVICE=png16m", "-r72"}, dir.path("out.png"));
+    return QImage(dir.path("out.png"));
 }
 
 }  // namespace
 
 TEST(EpsExport, AnswerGridMarksIAndWAndWritesEveryOtherSquareAsALetterBox)
 {
-    QString text = QStringLiteral("size 11\ngrid\nIWA#.......\n");
-    for (int r = 2; r <= 11; ++r)
-        text += QStringLiteral("...........\n");
     const QList<QByteArray> l =
-        lines(EpsGridText(PuzzleFrom(text), GridKind::AnswerGrid, EpsStyle::Regular, "P.eps", "d"));
+        lines(EpsGridText(openEleven("IWA#......."), GridKind::AnswerGrid, EpsStyle::Regular, "P.eps", "d"));
     EXPECT_EQ(l.mid(13, 3), (QList<QByteArray>{"/lb {wb x y mv 5 -17 rm} def", "/ib {wb x y mv 8 -17 rm} def",
                                                "/ww {wb x y mv 4 -17 rm} def"}));
     EXPECT_EQ(l[22], "/Helvetica-Bold findfont 16 scalefont setfont");
@@ -116,12 +115,8 @@ TEST(EpsExport, AGermanAnswerGridPrintsEveryLetterThroughItsOwnCharacterSet)
     const QByteArray eps = EpsGridText(p, GridKind::AnswerGrid, EpsStyle::Regular, "G.eps", "1.1.2026");
     for (const QByteArray &line : eps.split('\n'))
         EXPECT_LE(line.size(), 256);
-    const QString in = dir.path("g.eps");
-    WriteFileBytes(in, eps);
-    QProcess gs;
-    gs.start(QStringLiteral("gs"), {"-q", "-dSAFER", "-dBATCH", "-dNOPAUSE", "-sDEVICE=txtwrite", "-sOutputFile=-", in});
-    ASSERT_TRUE(gs.waitForFinished(30000));
-    const QString text = QString::fromUtf8(gs.readAllStandardOutput()).simplified().remove(u' ');
+    const QString text =
+        QString::fromUtf8(ghostscript(dir, eps, {"-sDEVICE=txtwrite"}, QStringLiteral("-"))).simplified().remove(u' ');
     EXPECT_TRUE(text.startsWith(QStringLiteral("ÄÖÜßWEIT"))) << text.toStdString();
 
     // An English grid keeps its plain font line.

@@ -11,7 +11,6 @@
 #include "testsupport.h"
 #include "web/webpage.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <gtest/gtest.h>
@@ -19,11 +18,6 @@
 namespace {
 
 const QString Expected = QStringLiteral(QUILLMARK_TEST_DATA "/expected/");
-
-TPuzzle sample()
-{
-    return LoadPuzzleFile(QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd")).Puzzle;
-}
 
 void compareWithExpected(const QString &name, const QByteArray &bytes)
 {
@@ -52,13 +46,13 @@ void compareSet(const QList<TExportFile> &files)
 
 TEST(ExpectedFiles, MetafilesAndTheirClueList)
 {
-    compareSet(WmfExportSet(sample(), QStringLiteral("/out/stroll.wmf")));
+    compareSet(WmfExportSet(SamplePuzzle(), QStringLiteral("/out/stroll.wmf")));
 }
 
 TEST(ExpectedFiles, EpsGridsInBothStyles)
 {
-    compareSet(EpsExportSet(sample(), "/out/stroll.eps", EpsStyle::Regular, "1/2/03"));
-    compareSet(EpsExportSet(sample(), "/out/light.eps", EpsStyle::Light, "1/2/03"));
+    compareSet(EpsExportSet(SamplePuzzle(), "/out/stroll.eps", EpsStyle::Regular, "1/2/03"));
+    compareSet(EpsExportSet(SamplePuzzle(), "/out/light.eps", EpsStyle::Light, "1/2/03"));
     // Other sizes: an eleven, its first square black, and an open fifteen in the light style.
     const TPuzzle eleven =
         PuzzleFrom(QStringLiteral("size 11\ngrid\n#..........\n") + QString(11, '.').append('\n').repeated(10));
@@ -76,7 +70,7 @@ TEST(ExpectedFiles, RtfManuscripts)
     const QString spec =
         QStringLiteral("Size of Grid: 15\u00d7\r\n Black Squares: 38  Par: 37\r\n Word Count: 78  Par: 78");
     compareWithExpected(QStringLiteral("stroll.rtf"),
-                        RtfManuscript(sample(), {"Zo\xEB Maker", "1 Main St", "Town", "Country", ""}, "STROLL", spec));
+                        RtfManuscript(SamplePuzzle(), {"Zo\xEB Maker", "1 Main St", "Town", "Country", ""}, "STROLL", spec));
     // 1 Across AB, 1 Down AC, 2 Down BD, 3 Across CD, with quotes and RTF's own characters.
     const TPuzzle four = PuzzleFrom(QStringLiteral("size 11\ngrid\nAB#########\nCD#########\n")
                                     + QStringLiteral("###########\n").repeated(9)
@@ -88,8 +82,5 @@ TEST(ExpectedFiles, RtfManuscripts)
 // The fifteen's clues hold markup, "</script>" and "<!--<script", which must stay text.
 TEST(ExpectedFiles, WebPage)
 {
-    QFile source(QStringLiteral(QUILLMARK_TEST_DATA "/fifteen.txt"));
-    ASSERT_TRUE(source.open(QIODevice::ReadOnly));
-    compareWithExpected(QStringLiteral("fifteen.html"),
-                        WebPage(PuzzleFromText(QString::fromUtf8(source.readAll())), QStringLiteral("fifteen")));
+    compareWithExpected(QStringLiteral("fifteen.html"), WebPage(Fifteen(), QStringLiteral("fifteen")));
 }

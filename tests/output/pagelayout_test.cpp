@@ -217,10 +217,6 @@ TEST_F(PageLayout, PuzzlePageColumnsFollowTheGridSize)
 
 TEST_F(PageLayout, PuzzlePageTextGrowsForSmallerGrids)
 {
-    EXPECT_EQ(PuzzlePageSizeStep(13), 3);
-    EXPECT_EQ(PuzzlePageSizeStep(17), 2);
-    EXPECT_EQ(PuzzlePageSizeStep(19), 1);
-    EXPECT_EQ(PuzzlePageSizeStep(21), 0);
     const auto acrossSize = [](int size) {
         const TPage page = ComposePages(openGrid(size), jobOf(TPageFormat::PuzzlePage)).first();
         return findText(page, QStringLiteral("ACROSS"))->Font.pixelSize();
@@ -229,22 +225,12 @@ TEST_F(PageLayout, PuzzlePageTextGrowsForSmallerGrids)
     EXPECT_EQ(acrossSize(21), qRound(9 * 254 / 72.0));
 }
 
-TEST_F(PageLayout, PuzzlePageBylineAndEveryClueEvenPastTheLastColumn)
+// Every clue standing whole on the paper is the papers' test below.
+TEST_F(PageLayout, PuzzlePageBylineIsTheSettersOrTheProgramsOrNone)
 {
     TPuzzle p = openGrid(23, 80);
-    p.Byline.setText("");
-    const QList<TPage> pages = ComposePages(p, jobOf(TPageFormat::PuzzlePage));
-    EXPECT_NE(findText(pages[0], QStringLiteral("a Quillmark puzzle")), nullptr);
-    int clueStarts = 0;
-    for (const TPage &page : pages)
-        for (const QString &t : page.texts())
-            clueStarts += t.contains(QRegularExpression(QStringLiteral("^\\d+ (across|down)")));
-    EXPECT_EQ(clueStarts, 46);
-    for (const TPage &page : pages)
-        for (const TPageObject &o : page.Objects)
-            EXPECT_LE(o.Y, LetterHeight);
-
     for (const auto &[byline, printed] : {std::pair<QByteArray, QString>{"--", QString()},
+                                          {"", QStringLiteral("a Quillmark puzzle")},
                                           {"Ann Setter", QStringLiteral("by Ann Setter")}}) {
         p.Byline.setText(byline);
         const QStringList texts = ComposePages(p, jobOf(TPageFormat::PuzzlePage)).first().texts();
@@ -258,9 +244,10 @@ TEST_F(PageLayout, PuzzlePageBylineAndEveryClueEvenPastTheLastColumn)
 // on the manuscript and on the puzzle page, its pieces read in the order they were placed.
 TEST_F(PageLayout, EachPaperGetsPagesThatKeepEveryClueWholeAndOnThePaper)
 {
-    const TPuzzle sample = LoadPuzzleFile(QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd")).Puzzle;
+    const TPuzzle sample = SamplePuzzle();
     const TPuzzle crowded = openGrid(23, 66, true);
-    for (const auto &[name, paper, width, height] : {std::tuple{"A4", QPageSize::A4, 2100, 2970},
+    for (const auto &[name, paper, width, height] : {std::tuple{"Letter", QPageSize::Letter, LetterWidth, LetterHeight},
+                                                     {"A4", QPageSize::A4, 2100, 2970},
                                                      {"A5", QPageSize::A5, 1480, 2100},
                                                      {"Ledger", QPageSize::Ledger, 2794, 4318}}) {
         for (const TPuzzle *p : {&sample, &crowded})

@@ -43,10 +43,10 @@ protected:
     static inline TScratchDir *scratch_ = new TScratchDir;
 };
 
-TEST_F(MimeTypes, EveryPuzzleFileIsKnownByItsTypeWhateverItsGridsSide)
+TEST_F(MimeTypes, EveryPuzzleFileIsKnownByItsTypeAndAnXWindowDumpKeepsItsOwn)
 {
     ASSERT_TRUE(QFile::exists(QStringLiteral("/usr/share/mime/packages/freedesktop.org.xml")));
-    const TPuzzle sample = LoadPuzzleFile(QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd")).Puzzle;
+    const TPuzzle sample = SamplePuzzle();
     EXPECT_EQ(TypeOfFile("sample.xwd", EncodePuzzle(sample)), "application/x-quillmark-puzzle");
     EXPECT_EQ(TypeOfFile("version5.xwd", EncodePuzzle5(sample)), "application/x-quillmark-puzzle");
     for (const int side : {11, 23}) {
@@ -60,10 +60,7 @@ TEST_F(MimeTypes, EveryPuzzleFileIsKnownByItsTypeWhateverItsGridsSide)
     const QString ipuz = scratch_->path(QStringLiteral("sample.ipuz"));
     WriteFileBytes(ipuz, ExportPuzzle(sample, TFileKind::Ipuz, "sample"));
     EXPECT_EQ(QMimeDatabase().mimeTypeForFile(ipuz).name().toStdString(), "application/x-ipuz");
-}
 
-TEST_F(MimeTypes, AnXWindowDumpKeepsItsOwnType)
-{
     // A dump's header: its size (100) and the format's version (7), both 32-bit big-endian.
     QByteArray dump("\x00\x00\x00\x64\x00\x00\x00\x07", 8);
     dump.append(200, '\0');

@@ -1,5 +1,7 @@
 #include "settings/colors.h"
 
+#include <utility>
+
 #include <gtest/gtest.h>
 
 TEST(ColorSettings, IdentifiersNameTheStandardColours)
@@ -12,25 +14,20 @@ TEST(ColorSettings, IdentifiersNameTheStandardColours)
 
 TEST(ColorSettings, NumbersAreColourReferencesWithRedInTheLowByte)
 {
-    EXPECT_EQ(ColorFromSetting(QStringLiteral("$000000FF")), QColor(255, 0, 0));
-    EXPECT_EQ(ColorFromSetting(QStringLiteral("$00FF0000")), QColor(0, 0, 255));
-    EXPECT_EQ(ColorFromSetting(QStringLiteral("$00030201")), QColor(1, 2, 3));
-    EXPECT_EQ(ColorFromSetting(QStringLiteral("0x00808000")), QColor(0, 128, 128));
-    EXPECT_EQ(ColorFromSetting(QStringLiteral("255")), QColor(255, 0, 0)) << "decimal";
-    EXPECT_EQ(ColorFromSetting(QStringLiteral("8388608")), QColor(0, 0, 128));
-    EXPECT_FALSE(ColorFromSetting(QStringLiteral("clPlaid")).isValid());
-    EXPECT_FALSE(ColorFromSetting(QStringLiteral("$GG")).isValid());
-    EXPECT_FALSE(ColorFromSetting(QString()).isValid());
+    // Hexadecimal with "$" or "0x", and decimal; then what names no colour.
+    for (const auto &[text, colour] : {std::pair{"$000000FF", QColor(255, 0, 0)}, {"$00FF0000", QColor(0, 0, 255)},
+                                       {"$00030201", QColor(1, 2, 3)}, {"0x00808000", QColor(0, 128, 128)},
+                                       {"255", QColor(255, 0, 0)}, {"8388608", QColor(0, 0, 128)},
+                                       {"clPlaid", QColor()}, {"$GG", QColor()}, {"", QColor()}})
+        EXPECT_EQ(ColorFromSetting(QString::fromLatin1(text)), colour) << text;
 }
 
 TEST(ColorSettings, WritingPrefersTheIdentifier)
 {
-    EXPECT_EQ(ColorToSetting(QColor(0, 0, 0)), "clBlack");
-    EXPECT_EQ(ColorToSetting(QColor(255, 255, 0)), "clYellow");
-    EXPECT_EQ(ColorToSetting(QColor(128, 128, 128)), "clGray");
-    EXPECT_EQ(ColorToSetting(QColor(192, 192, 192)), "clSilver");
-    EXPECT_EQ(ColorToSetting(QColor(1, 2, 3)), "$00030201");
-    EXPECT_EQ(ColorToSetting(QColor(0xAB, 0xCD, 0xEF)), "$00EFCDAB");
+    for (const auto &[colour, text] : {std::pair{QColor(0, 0, 0), "clBlack"}, {QColor(255, 255, 0), "clYellow"},
+                                       {QColor(128, 128, 128), "clGray"}, {QColor(192, 192, 192), "clSilver"},
+                                       {QColor(1, 2, 3), "$00030201"}, {QColor(0xAB, 0xCD, 0xEF), "$00EFCDAB"}})
+        EXPECT_EQ(ColorToSetting(colour), QString::fromLatin1(text));
     for (const QColor &c : {QColor(1, 2, 3), QColor(250, 128, 7), QColor(0, 0, 128), QColor(164, 160, 160)})
         EXPECT_EQ(ColorFromSetting(ColorToSetting(c)), c) << ColorToSetting(c).toStdString();
     EXPECT_EQ(ColorRef(QColor(255, 0, 0)), 0x0000FFu);

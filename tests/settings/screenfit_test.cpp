@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <tuple>
 
 namespace {
 
@@ -46,9 +47,7 @@ TEST(FitSquareSize, TheGridWindowFitsTheScreen)
 
 TEST(FitFontSize, FontsStayBetweenOneAndTheLargestSize)
 {
-    EXPECT_EQ(FitFontSize(11, 9), 11);
-    EXPECT_EQ(FitFontSize(700, 9), MaxFontPointSize);
-    EXPECT_EQ(FitFontSize(INT_MAX, 9), MaxFontPointSize);
-    EXPECT_EQ(FitFontSize(0, 9), 9);
-    EXPECT_EQ(FitFontSize(-3, 900), MaxFontPointSize);
+    for (const auto &[size, fallback, fitted] : {std::tuple{11, 9, 11}, {700, 9, MaxFontPointSize}, {INT_MAX, 9, MaxFontPointSize},
+                                                 {0, 9, 9}, {-3, 900, MaxFontPointSize}})
+        EXPECT_EQ(FitFontSize(size, fallback), fitted) << size << " falling back to " << fallback;
 }

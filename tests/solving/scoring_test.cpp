@@ -47,9 +47,6 @@ TEST(Scoring, ErrorCrossSitsInsideItsSquare)
     const auto cross = ErrorCross(2, 3, 30);
     EXPECT_EQ(cross[0], QLine(36, 66, 55, 85));
     EXPECT_EQ(cross[1], QLine(55, 66, 36, 85));
-    EXPECT_EQ(CelebrateColor(1), QColor(128, 0, 0));
-    EXPECT_EQ(CelebrateColor(8), QColor(0, 255, 255));
-    EXPECT_FALSE(CelebrateColor(9).isValid());
 }
 
 TEST(ClockTime, CountsToTheHourAndWrapsAtTen)

@@ -1,5 +1,6 @@
 #include "testsupport.h"
 
+#include "model/puzzlefile.h"
 #include "model/puzzletext.h"
 #include "settings/txwdprocs.h"
 
@@ -8,6 +9,7 @@
 #include <QSettings>
 
 #include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -59,9 +61,52 @@ bool WriteFileBytes(const QString &path, const QByteArray &bytes)
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
+bool SameRecord(const TPuzzle &a, const TPuzzle &b)
+{
+    return std::memcmp(&a, &b, sizeof(TPuzzle)) == 0;
+}
+
 TPuzzle PuzzleFrom(const QString &text)
 {
     return PuzzleFromText(text);
+}
+
+QString GridRows(QStringList top, int size, QChar fill)
+{
+    while (top.size() < size)
+        top.append(QString(size, fill));
+    return top.join(u'\n') + u'\n';
+}
+
+QString WritePuzzleText(const QString &path, const QString &text)
+{
+    WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(text)));
+    return path;
+}
+
+QString ContentDifference(const TPuzzle &a, const TPuzzle &b)
+{
+    if (a.Size != b.Size)
+        return QStringLiteral("size");
+    for (int c = 1; c <= a.Size; ++c)
+        for (int r = 1; r <= a.Size; ++r)
+            if (a.Cells(c, r) != b.Cells(c, r) || a.Entries(c, r) != b.Entries(c, r))
+                return QStringLiteral("square %1,%2").arg(c).arg(r);
+    for (const TWordRef &w : WordsInSlotOrder(a))
+        if (a.wordClue(w.Column, w.Row, w.Dir) != b.wordClue(w.Column, w.Row, w.Dir))
+            return QStringLiteral("the clue of %1%2").arg(w.Number).arg(QChar::fromLatin1(char(w.Dir)));
+    const auto byline = [](const TPuzzle &p) { return p.Byline.text() == "--" ? QByteArray() : p.Byline.text(); };
+    return byline(a) == byline(b) ? QString() : QStringLiteral("the byline");
+}
+
+TPuzzle SamplePuzzle()
+{
+    return LoadPuzzleFile(QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd")).Puzzle;
+}
+
+TPuzzle Fifteen()
+{
+    return PuzzleFromText(QString::fromUtf8(ReadFileBytes(QStringLiteral(QUILLMARK_TEST_DATA "/fifteen.txt"))));
 }
 
 TScratchDir::TScratchDir()

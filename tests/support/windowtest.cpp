@@ -1,9 +1,26 @@
 #include "windowtest.h"
 
-#include "mainwindow/puzzlestate.h"
-#include "model/puzzlefile.h"
-#include "model/puzzletext.h"
-#include "settings/txwdprocs.h"
+void TypeChar(QWidget *widget, QChar ch)
+{
+    QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(ch));
+    QApplication::sendEvent(widget, &press);
+}
+
+void ClickLine(QListWidget *list, int row)
+{
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+}
+
+int RedPixels(const QImage &image, const QRect &area)
+{
+    int count = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x) {
+            const QColor c = image.pixelColor(x, y);
+            count += c.red() > 200 && c.green() < 80 && c.blue() < 80;
+        }
+    return count;
+}
 
 void TWindowTest::setUpWindowTest(int screenSquare)
 {
@@ -32,11 +49,9 @@ void TWindowTest::startProgram()
     program->Start({});
 }
 
-QString TWindowTest::writePuzzle(const QString &name, const char *text) const
+QString TWindowTest::writePuzzle(const QString &name, const QString &text) const
 {
-    const QString path = dir->path(name);
-    WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(QString::fromUtf8(text))));
-    return path;
+    return WritePuzzleText(dir->path(name), text);
 }
 
 void TWindowTest::openPuzzle(const QString &path, bool solving)

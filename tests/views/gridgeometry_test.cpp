@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 TEST(GridGeometry, PixelsBelongToSquaresCountedFromOne)
 {
     EXPECT_EQ(CellAt({0, 0}, 20), QPoint(1, 1));
@@ -49,17 +51,13 @@ TEST(GridGeometry, WindowSizePlaceAndFont)
     EXPECT_EQ(MiddleLine(11), 6);
     EXPECT_EQ(GridWindowExtent(23, 31), 722);
 
-    EXPECT_EQ(SquareSizeForWidth(10 * 15 + 9, 15, 20), 10);
-    EXPECT_EQ(SquareSizeForWidth(329, 15, 20), 21);
-    EXPECT_EQ(SquareSizeForWidth(3, 15, 20), 1) << "never below one pixel";
-    EXPECT_EQ(SquareSizeForWidth(5 * 20 + 9, 5, 20), 20) << "a snapped small grid stays snapped";
-    EXPECT_EQ(SquareSizeForWidth(5 * 20 + 10, 5, 20), 22);
-    EXPECT_EQ(SquareSizeForWidth(300, 0, 20), 20) << "no grid keeps the size";
-
-    EXPECT_EQ(ScaledFontSize(11, 10, 40), 3) << "2.75 rounds to 3";
-    EXPECT_EQ(ScaledFontSize(11, 20, 40), 6) << "5.5 rounds up";
-    EXPECT_EQ(ScaledFontSize(11, 1, 40), 1) << "never below one point";
-    EXPECT_EQ(ScaledFontSize(11, 20, 0), 11) << "no reference size: unscaled";
+    // Never below one pixel; a snapped small grid stays snapped; no grid keeps the size.
+    for (const auto &[width, size, side] : {std::tuple{10 * 15 + 9, 15, 10}, {329, 15, 21}, {3, 15, 1},
+                                            {5 * 20 + 9, 5, 20}, {5 * 20 + 10, 5, 22}, {300, 0, 20}})
+        EXPECT_EQ(SquareSizeForWidth(width, size, 20), side) << width << " for " << size;
+    // 2.75 rounds to 3 and 5.5 up; never below one point; no reference size, unscaled.
+    for (const auto &[square, reference, points] : {std::tuple{10, 40, 3}, {20, 40, 6}, {1, 40, 1}, {20, 0, 11}})
+        EXPECT_EQ(ScaledFontSize(11, square, reference), points) << square << " of " << reference;
 
     EXPECT_EQ(GridWindowOrigin(QStringLiteral("-4, 7,300,400")), QPoint(-4, 7));
     for (const char *unreadable : {"", "left,top", "15"})

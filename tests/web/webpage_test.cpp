@@ -15,13 +15,6 @@
 
 namespace {
 
-TPuzzle fifteen()
-{
-    QFile file(QStringLiteral(QUILLMARK_TEST_DATA "/fifteen.txt"));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return PuzzleFromText(QString::fromUtf8(file.readAll()));
-}
-
 // The JSON the page's script reads, taken back out of the page.
 QJsonObject embeddedPuzzle(const QString &page)
 {
@@ -32,25 +25,20 @@ QJsonObject embeddedPuzzle(const QString &page)
     return QJsonDocument::fromJson(m.captured(1).toUtf8()).object();
 }
 
-int cli(const QStringList &args)
-{
-    return RunCli(args).code;
-}
-
 }  // namespace
 
 // The fifteen's own clues and byline, markup and "</script>" among them, are the expected
 // page's test; a title is the user's text too.
 TEST(WebPage, TheTitleIsTextNotMarkup)
 {
-    const QString page = QString::fromUtf8(WebPage(fifteen(), QStringLiteral("Tom & <Jerry>")));
+    const QString page = QString::fromUtf8(WebPage(Fifteen(), QStringLiteral("Tom & <Jerry>")));
     EXPECT_TRUE(page.contains(QStringLiteral("<title>Tom &amp; &lt;Jerry&gt;</title>")));
     EXPECT_EQ(embeddedPuzzle(page)["title"].toString(), QStringLiteral("Tom & <Jerry>"));
 }
 
 TEST(WebPage, AnswersAreNotReadableInThePageSource)
 {
-    const TPuzzle p = fifteen();
+    const TPuzzle p = Fifteen();
     const QString page = QString::fromUtf8(WebPage(p, QStringLiteral("fifteen")));
     for (const TWordRef &w : WordsInSlotOrder(p)) {
         const QString answer = FromCp1252(p.GetWord(w.Column, w.Row, char(w.Dir)));
@@ -75,22 +63,22 @@ TEST(WebPage, CliWritesPagesOrNothingWithTheUsualExitCodes)
 {
     TScratchDir dir;
     const QString puzzle = dir.path("fifteen.xwd");
-    WriteFileAtomically(puzzle, EncodePuzzle(fifteen()));
+    WriteFileAtomically(puzzle, EncodePuzzle(Fifteen()));
     WriteFileBytes(dir.path("short.xwd"), QByteArray(100, 'x'));
 
-    EXPECT_EQ(cli({"export-web", puzzle, dir.path("page.html")}), 0);
+    EXPECT_EQ(RunCli({"export-web", puzzle, dir.path("page.html")}).code, 0);
     EXPECT_EQ(embeddedPuzzle(QString::fromUtf8(ReadFileBytes(dir.path("page.html"))))["title"].toString(), "fifteen");
-    EXPECT_EQ(cli({"generate-player", dir.path("player.html")}), 0);
+    EXPECT_EQ(RunCli({"generate-player", dir.path("player.html")}).code, 0);
     EXPECT_EQ(ReadFileBytes(dir.path("player.html")), PlayerPage());
 
-    EXPECT_EQ(cli({"export-web", puzzle}), 1);
-    EXPECT_EQ(cli({"export-web", dir.path("short.xwd"), dir.path("bad.html")}), 2);
-    EXPECT_EQ(cli({"export-web", puzzle, dir.path("missing/folder/page.html")}), 3);
-    EXPECT_EQ(cli({"player", dir.path("missing/folder/player.html")}), 3);
+    EXPECT_EQ(RunCli({"export-web", puzzle}).code, 1);
+    EXPECT_EQ(RunCli({"export-web", dir.path("short.xwd"), dir.path("bad.html")}).code, 2);
+    EXPECT_EQ(RunCli({"export-web", puzzle, dir.path("missing/folder/page.html")}).code, 3);
+    EXPECT_EQ(RunCli({"player", dir.path("missing/folder/player.html")}).code, 3);
     EXPECT_FALSE(QFile::exists(dir.path("bad.html")));
 
     // An unfinished puzzle is refused as bad input, with its empty squares named.
-    TPuzzle unfinished = fifteen();
+    TPuzzle unfinished = Fifteen();
     unfinished.Cells(2, 1) = 0;
     unfinished.Cells(3, 1) = OpenChar;
     WriteFileAtomically(dir.path("unfinished.xwd"), EncodePuzzle(unfinished));

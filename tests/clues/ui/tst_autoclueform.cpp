@@ -1,32 +1,31 @@
-// The Autoclue window in the whole program, driven with keys and clicks, its questions and
-// warnings answered by script. The walk's own rules are the core tests'; here the wiring.
+// The Autoclue window and the clue-writing tools around it (the definition list, the special
+// characters, the byline dialog) in the whole program, driven with keys and clicks, their
+// questions answered by script. The walk's rules, the lines and the cells are the core tests';
+// here the wiring.
 
 #include "clues/ui/tautoclueform.h"
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
+#include "clues/ui/tbylineform.h"
+#include "clues/ui/tcharmapform.h"
+#include "clues/ui/tdeflistform.h"
 #include "mainwindow/ui/tsoundfx.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
 #include "windowtest.h"
-#include "views/gridgeometry.h"
-#include "views/ui/txwdgridform.h"
 
 #include <QClipboard>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
+#include <QScrollBar>
+#include <QTableWidget>
 #include <QToolBar>
-#include <QToolButton>
-
-#include <memory>
 
 namespace {
 
 // Full, no clues yet: 1A and 1D share the top-left square; reading order 1A 1D 2D 3D 4D
 // 5A 6A 7A.
 const QString Full = QStringLiteral("size 5\ngrid\nABC#D\nEFG#H\nIJKLM\nN#O#P\nQRS#T\n");
+
+void clickCell(QTableWidget *grid, int col, int row)
+{
+    const QRect rect = grid->visualItemRect(grid->item(row, col));
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, rect.center());
+}
 
 }  // namespace
 
@@ -97,8 +96,7 @@ private slots:
         QCOMPARE(shown(), QStringLiteral("1  Down AEINQ"));
         QCOMPARE(form->CountLbl->text(), QStringLiteral("(5)"));
         QTest::keyClicks(edit, QStringLiteral("Caf"));
-        QKeyEvent accented(QEvent::KeyPress, 0, Qt::NoModifier, QString(QChar(0xE9)));
-        QApplication::sendEvent(edit, &accented);
+        TypeChar(edit, QChar(0xE9));
         QCOMPARE(Puzzle.clue(2), QByteArray("Caf\xE9"));
 
         // Ctrl+U puts a blank before the selection, or at the caret; Ctrl+Y empties the box.
@@ -191,6 +189,143 @@ private slots:
                  QStringList{QStringLiteral("Maximum word limit has been exceeded! Quillmark does not permit more than "
                                             "179 words in a puzzle. Please reconstruct grid accordingly.")});
         QCOMPARE(sounds(), QList<int>{1});
+    }
+
+    void theDefinitionListMovesAutoclueAndFollowsItsClues()
+    {
+        start(Full + QStringLiteral("clues\n3D Tree\n"));
+        openAutoclue();
+        TDefListForm *list = form->DefListForm;
+        QVERIFY(list && !list->isVisible());
+        form->ListDefsBtn->click();
+        QVERIFY(list->isVisible());
+        QCOMPARE(list->DwnList->item(2)->text(), QStringLiteral("    3  Tree  | CGKOS"));
+        QCOMPARE(list->DwnLbl->x(), list->AcrList->width());
+        // From the first showing: room for three lines, and lines 500 pixels wide to scroll.
+        QVERIFY(list->minimumHeight() >= list->AcrList->y() + 3 * list->AcrList->sizeHintForRow(0));
+        QTRY_VERIFY(list->AcrList->horizontalScrollBar()->maximum() >= 500 - list->AcrList->viewport()->width());
+
+        ClickLine(list->DwnList, 2);
+        QCOMPARE(shown(), QStringLiteral("3  Down CGKOS"));
+        QTRY_COMPARE(QApplication::focusWidget(), form->DefEdit);
+        QCOMPARE(form->DefEdit->text(), QStringLiteral("Tree"));
+        ClickLine(list->AcrList, 1);
+        QCOMPARE(shown(), QStringLiteral("5  Across EFG"));
+        QVERIFY2(list->DwnList->selectedItems().isEmpty(), "the other list loses its selection");
+
+        // Storing a clue replaces the word's line, whatever the walk did to reach it.
+        QTest::keyClicks(form->DefEdit, QStringLiteral("Caf"));
+        TypeChar(form->DefEdit, QChar(0xE9));
+        QCOMPARE(list->AcrList->item(1)->text(), QStringLiteral("    5  Caf\u00E9  | EFG"));
+        QCOMPARE(Puzzle.clue(6), QByteArray("Caf\xE9"));
+        QTest::keyClick(form->DefEdit, Qt::Key_Return);
+        QTest::keyClicks(form->DefEdit, QStringLiteral("x"));
+        TypeChar(form->DefEdit, QChar(0x4E2D));
+        // A character the puzzle cannot keep shows as the "?" it is stored as.
+        QCOMPARE(form->DefEdit->text(), QStringLiteral("x?"));
+        QCOMPARE(list->AcrList->item(2)->text(), QStringLiteral("    6  x?  | IJKLM"));
+
+        // Full screen edit and back.
+        const QRect listBounds = list->geometry();
+        const QRect autoclueBounds = form->geometry();
+        list->ViewBtn->click();
+        QCOMPARE(list->ViewBtn->toolTip(), QStringLiteral("Normal view"));
+        QCOMPARE(form->geometry().topLeft(), QPoint(8, 8));
+        QCOMPARE(list->geometry().topLeft(), QPoint(8, form->height() + 12));
+        list->ViewBtn->click();
+        QCOMPARE(list->ViewBtn->toolTip(), QStringLiteral("Full screen edit"));
+        QCOMPARE(list->geometry(), listBounds);
+        QCOMPARE(form->geometry(), autoclueBounds);
+
+        // Closed from full screen, Autoclue keeps its own bounds; its companions go with it.
+        list->ViewBtn->click();
+        form->OkBtn->click();
+        const QRect kept = autoclueBounds;
+        QCOMPARE(ReadText("ScreenBoundsAutoclue"),
+                 QStringLiteral("%1,%2,%3,%4").arg(kept.x()).arg(kept.y()).arg(kept.width()).arg(kept.height()));
+        QTRY_VERIFY(form->DefListForm.isNull());
+        QVERIFY(form->CharMapForm.isNull());
+    }
+
+    void specialCharactersGoIntoTheClue()
+    {
+        start(Full + QStringLiteral("clues\n3D Tree\n"));
+        openAutoclue();
+        TCharMapForm *map = form->CharMapForm;
+        QVERIFY(map);
+        form->CharsBtn->click();
+        QVERIFY(map->isVisible());
+        QCOMPARE(map->CharGrid->item(0, 9)->text(), QStringLiteral("\u00A9"));
+
+        QLineEdit *edit = form->DefEdit;
+        clickCell(map->CharGrid, 0, 0);
+        QCOMPARE(edit->text(), QStringLiteral("___"));
+        edit->setText(QStringLiteral("abc"));
+        edit->selectAll();
+        clickCell(map->CharGrid, 9, 0);
+        QCOMPARE(edit->text(), QStringLiteral("\u00A9abc"));
+        QCOMPARE(Puzzle.clue(1), QByteArray("\xA9" "abc"));
+
+        form->CharsBtn->click();
+        QVERIFY(!map->isVisible());
+    }
+
+    void theBylineDialog()
+    {
+        startProgram();
+        WriteSetting(QStringLiteral("Name"), QStringLiteral("Jo Maker"));
+        QAction *bylineAct = act("BylineAct");
+        QVERIFY(!bylineAct->isEnabled());
+        (*dialogs)->Files = {TFileChoice{dir->path(QStringLiteral("new.xwd"))}};
+        act("New11Act")->trigger();
+        QVERIFY(bylineAct->isEnabled());
+        QCOMPARE(Puzzle.Byline.text(), QByteArray("Jo Maker"));
+        // Runs the dialog on a puzzle of `byline` with `script` playing the user.
+        const auto edit = [&](const QByteArray &byline, std::function<void(TBylineForm *)> script) {
+            Puzzle.Byline.setText(byline);
+            PuzzleChanged = false;
+            (*dialogs)->DialogScripts = {[script](QDialog *d) { script(qobject_cast<TBylineForm *>(d)); }};
+            bylineAct->trigger();
+            return Puzzle.Byline.text();
+        };
+
+        // On "--" the box is checked and the field read-only; unchecking brings the Name.
+        QCOMPARE(edit("--", [](TBylineForm *box) {
+                     QVERIFY(box->NobyChk->isChecked() && box->BylineEdit->isReadOnly());
+                     box->NobyChk->click();
+                     QCOMPARE(box->BylineEdit->text(), QStringLiteral("Jo Maker"));
+                     QVERIFY(!box->BylineEdit->isReadOnly());
+                     QTest::keyClicks(box->BylineEdit, QStringLiteral(" and friend"));
+                     box->CancelBtn->click();
+                 }),
+                 QByteArray("--"));
+        QCOMPARE((*dialogs)->ExecutedDialogs, QStringList{QStringLiteral("BylineForm")});
+        QVERIFY2(!PuzzleChanged, "Cancel changes nothing");
+
+        // Typing stops at 58; checking "No Byline" and saving stores "--".
+        QCOMPARE(edit("Someone", [](TBylineForm *box) {
+                     QTest::keyClicks(box->BylineEdit, QString(70, u'x'));
+                     box->SaveBtn->click();
+                 }),
+                 "Someone" + QByteArray(51, 'x'));
+        QVERIFY(PuzzleChanged);
+        QCOMPARE(edit("Someone", [](TBylineForm *box) {
+                     box->NobyChk->click();
+                     QCOMPARE(box->BylineEdit->text(), QStringLiteral("--"));
+                     box->SaveBtn->click();
+                 }),
+                 QByteArray("--"));
+
+        // A byline of 60 in the widest letters is kept whole, and with the caret at the end
+        // the field shows its first letter and its last.
+        QCOMPARE(edit(QByteArray(60, 'W'), [](TBylineForm *box) {
+                     QLineEdit *line = box->BylineEdit;
+                     QCOMPARE(line->cursorPosition(), 60);
+                     QCOMPARE(line->cursorPositionAt(QPoint(2, line->height() / 2)), 0);
+                     QCOMPARE(line->cursorPositionAt(QPoint(line->width() - 2, line->height() / 2)), 60);
+                     box->SaveBtn->click();
+                 }),
+                 QByteArray(60, 'W'));
     }
 };
 

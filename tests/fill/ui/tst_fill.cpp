@@ -1,45 +1,25 @@
-// Fill Grid and its progress window, driven through the main window.
+// Fill Grid and its progress window, and the word finder, driven through the main window.
 
-#include "mainwindow/puzzlesession.h"
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "model/puzzlefile.h"
-#include "model/puzzletext.h"
-#include "scripteddialogs.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
-#include "views/ui/txwdgridform.h"
+#include "fill/ui/twordfinderform.h"
+#include "fill/ui/twordlistspage.h"
+#include "windowtest.h"
 
-#include <QAction>
 #include <QDialog>
-#include <QPushButton>
-#include <QSignalSpy>
+#include <QPlainTextEdit>
+#include <QSpinBox>
+#include <QTreeView>
 
 namespace {
 
-QString gridText(const QStringList &rows)
+// An 11 x 11 grid: `top` rows, then black rows.
+QString gridText(const QStringList &top)
 {
-    return QStringLiteral("size 11\nlanguage 0\ngrid\n%1\nclues\n").arg(rows.join(u'\n'));
+    return "size 11\nlanguage 0\ngrid\n" + GridRows(top) + "clues\n";
 }
 
-// A 3 x 3 corner to fill; every other square black.
-QString corner()
-{
-    QStringList rows = {"...########", "...########", "...########"};
-    while (rows.size() < 11)
-        rows.append(QStringLiteral("###########"));
-    return gridText(rows);
-}
-
-// No black square at all: a square of eleven-letter words, which no search finds soon.
-QString open()
-{
-    QStringList rows;
-    while (rows.size() < 11)
-        rows.append(QStringLiteral("..........."));
-    return gridText(rows);
-}
+// A 3 x 3 corner to fill; and no black square at all: eleven-letter words no search finds soon.
+const QString Corner = gridText({"...########", "...########", "...########"});
+const QString Open = gridText(QStringList(11, QStringLiteral("...........")));
 
 bool emptyCorner()
 {
@@ -50,52 +30,60 @@ bool emptyCorner()
     return true;
 }
 
+// Two rows of three open squares in a black grid: CA? across above ??? across, and three
+// two-letter down words. No word starts with T, so CAT leaves its down word nothing.
+const QString Fixture = "size 11\ngrid\n" + GridRows({"CA.########", "...########"});
+const char *const Words = "cat;90\ncar;60\nre;50\nan;50\nco;50\nore;40\n";
+
 }  // namespace
 
-class TestFill : public QObject {
+class TestFill : public QObject, TWindowTest {
     Q_OBJECT
 
-private:
-    std::unique_ptr<TProgram> program;
-    std::unique_ptr<TDialogScript> dialogs;
-    std::unique_ptr<TScratchDir> dir;
-
-    TXwdMainForm *main() { return program->MainForm; }
-    QAction *act(const char *name) { return main()->findChild<QAction *>(QString::fromLatin1(name)); }
-
-    void openPuzzle(const QString &text)
+    void openGrid(const QString &text)
     {
-        const QString path = dir->path("fill.xwd");
-        WriteFileAtomically(path, EncodePuzzle(PuzzleFromText(text)));
-        (*dialogs)->Files.append(TFileChoice{path, 1});
-        main()->ConstructOpenAct->trigger();
+        openPuzzle(writePuzzle("fill.xwd", text));
         QCOMPARE(int(PuzzleMode), int(ConstructMode));
     }
+    // Only the test's list: the installed default list is switched off.
+    void openWithTestList()
+    {
+        WriteFileBytes(dir->path("words.txt"), Words);
+        WriteSetting("WordLists", QStringLiteral("1\t%1\n0\t").arg(dir->path("words.txt")));
+        WordLists().Invalidate();
+        openGrid(Fixture);
+    }
+    void click(int c, int r, Qt::MouseButton button)
+    {
+        QTest::mouseClick(grid(), button, {}, CellTopLeft(c, r) + QPoint(SquareSize / 2, SquareSize / 2));
+    }
+    TWordFinderForm *openFinder()
+    {
+        act("WordFinderAct")->trigger();
+        auto *finder = main()->findChild<TWordFinderForm *>();
+        WordLists().WaitForLoad();
+        return finder;
+    }
+    QString cell(TWordFinderForm *finder, int row, int column)
+    {
+        return finder->CandidateList->model()->index(row, column).data().toString();
+    }
+
 
     QDialog *progressWindow() { return main()->findChild<QDialog *>(QStringLiteral("FillProgressForm")); }
 
 private slots:
     void init()
     {
-        ResetSettings();
-        Puzzle = TPuzzle{};
-        PuzzleChanged = false;
-        dir = std::make_unique<TScratchDir>();
-        dialogs = std::make_unique<TDialogScript>();
-        program = std::make_unique<TProgram>();
-        program->Start({});
+        setUpWindowTest(30);
+        WordLists().Invalidate();  // a list an earlier test chose goes with it
+        startProgram();
     }
-
-    void cleanup()
-    {
-        program.reset();
-        dialogs.reset();
-        dir.reset();
-    }
+    void cleanup() { tearDownWindowTest(); }
 
     void fillGridFillsThePuzzleAsOneChangeThatOneUndoTakesBack()
     {
-        openPuzzle(corner());
+        openGrid(Corner);
         QVERIFY(act("FillGridAct")->isEnabled());
         act("FillGridAct")->trigger();
         QVERIFY(progressWindow() && progressWindow()->isVisible());
@@ -115,7 +103,7 @@ private slots:
 
     void cancelLeavesTheGridAsItWas()
     {
-        openPuzzle(open());
+        openGrid(Open);
         act("FillGridAct")->trigger();
         QDialog *progress = progressWindow();
         QVERIFY(progress && progress->isVisible());
@@ -134,16 +122,13 @@ private slots:
     void noFillNamesTheWordAtFaultAndTheTimeLimitKeepsTheGrid()
     {
         // QXZ. fits no word: 1 Across is at fault and becomes the current word.
-        QStringList rows = {"QXZ.#######"};
-        while (rows.size() < 11)
-            rows.append(QStringLiteral("###########"));
-        openPuzzle(gridText(rows));
+        openGrid(gridText({"QXZ.#######"}));
         act("FillGridAct")->trigger();
         QTRY_VERIFY_WITH_TIMEOUT(!progressWindow()->isVisible(), 30000);
         QCOMPARE((*dialogs)->Informations, QStringList({"No fill exists. The words at fault: 1 Across."}));
-        QCOMPARE(program->GridForm->Editor.WordDirection, 1);
-        QCOMPARE(program->GridForm->Editor.HighlightedSquares().size(), 4);
-        auto *faults = program->GridForm->findChild<QWidget *>(QStringLiteral("FillFaultOverlay"));
+        QCOMPARE(grid()->Editor.WordDirection, 1);
+        QCOMPARE(grid()->Editor.HighlightedSquares().size(), 4);
+        auto *faults = grid()->findChild<QWidget *>(QStringLiteral("FillFaultOverlay"));
         QVERIFY(faults && faults->isVisible());
         QCOMPARE(faults->property("squares").value<QList<QPoint>>(),
                  QList<QPoint>({QPoint(1, 1), QPoint(2, 1), QPoint(3, 1), QPoint(4, 1)}));
@@ -151,7 +136,7 @@ private slots:
 
         (*dialogs)->Informations.clear();
         WriteSetting("FillTimeLimit", 1);
-        openPuzzle(open());
+        openGrid(Open);
         QVERIFY(faults->property("squares").value<QList<QPoint>>().isEmpty());
         act("FillGridAct")->trigger();
         QTRY_VERIFY_WITH_TIMEOUT(!progressWindow()->isVisible(), 20000);
@@ -159,6 +144,100 @@ private slots:
                  QStringList({"The time limit ran out before a fill was found; the grid is as it was."}));
         QCOMPARE(int(Puzzle.Cells(1, 1)), 0);
         QVERIFY(!PuzzleChanged);
+    }
+
+    // The word finder window, the dead squares and the most constrained word, with a small
+    // word list of the test's own.
+    void followsTheCursorAndTypedLettersAndMarksDeadEnds()
+    {
+        openWithTestList();
+        click(1, 1, Qt::LeftButton);
+        TWordFinderForm *finder = openFinder();
+        QVERIFY(finder && finder->isVisible());
+        QTRY_COMPARE(finder->PatternEdit->text(), QStringLiteral("CA?"));
+        QTRY_COMPARE(finder->CountLabel->text(), QStringLiteral("2 fit, 1 viable"));
+        // CAT scores higher, but T starts no down word: it comes last, marked.
+        QCOMPARE(cell(finder, 0, 0), QStringLiteral("CAR"));
+        QCOMPARE(cell(finder, 1, 0), QStringLiteral("CAT"));
+        QCOMPARE(cell(finder, 1, 2), QStringLiteral("dead end"));
+
+        click(3, 1, Qt::RightButton);
+        QTRY_COMPARE(finder->PatternEdit->text(), QStringLiteral("??"));
+        QTest::keyClick(grid(), 'r');
+        QTRY_COMPARE(finder->PatternEdit->text(), QStringLiteral("R?"));
+        QCOMPARE(cell(finder, 0, 0), QStringLiteral("RE"));
+
+        // A typed pattern stands in for the grid's until the cursor moves on.
+        finder->PatternEdit->clear();
+        QTest::keyClicks(finder->PatternEdit, "?re");
+        QCOMPARE(cell(finder, 0, 0), QStringLiteral("ORE"));
+        click(1, 2, Qt::LeftButton);
+        QTRY_COMPARE(finder->PatternEdit->text(), QStringLiteral("???"));
+    }
+
+    void enterWritesTheWordAsOneChange()
+    {
+        openWithTestList();
+        click(1, 1, Qt::LeftButton);
+        TWordFinderForm *finder = openFinder();
+        QTRY_COMPARE(cell(finder, 0, 0), QStringLiteral("CAR"));
+        finder->CandidateList->setCurrentIndex(finder->CandidateList->model()->index(0, 0));
+        QTest::keyClick(finder->CandidateList, Qt::Key_Return);
+        QCOMPARE(char(Puzzle.Cells(3, 1)), 'R');
+        QCOMPARE(Session().LastEdit().Caption, QStringLiteral("Word Finder"));
+        QCOMPARE(int(Session().LastEdit().Before.Cells(3, 1)), 0);
+        QCOMPARE(int(Puzzle.Cells(4, 1)), int(BlockChar));
+        QVERIFY(PuzzleChanged);
+    }
+
+    void deadSquaresAreShadedAndTheTightestWordIsOneCommandAway()
+    {
+        openWithTestList();
+        Session().SetCell(3, 1, 'T');
+        act("ShadeDeadSquaresAct")->setChecked(true);
+        WordLists().FromSettings();
+        WordLists().WaitForLoad();
+        auto *overlay = grid()->findChild<QWidget *>(QStringLiteral("DeadSquareOverlay"));
+        QVERIFY(overlay && overlay->isVisible());
+        // T? down has no word, so (3, 2) cannot be filled; under C, O fits CO down and ORE across.
+        QTRY_VERIFY(overlay->property("squares").value<QList<QPoint>>().contains(QPoint(3, 2)));
+        QVERIFY(!overlay->property("squares").value<QList<QPoint>>().contains(QPoint(1, 2)));
+
+        TWordFinderForm *finder = openFinder();
+        act("MostConstrainedAct")->trigger();
+        QCOMPARE(grid()->Editor.WordDirection, 2);
+        QCOMPARE(CellAt(grid()->Editor.CursorPos), QPoint(3, 1));
+        QCOMPARE(finder->PatternEdit->text(), QStringLiteral("T?"));
+    }
+
+    void theWordListsPageKeepsOrderSwitchesAndTheLowestScore()
+    {
+        openWithTestList();
+        TWordListsPage page;
+        page.Load();
+        QCOMPARE(page.ListsList->count(), 2);
+        QCOMPARE(page.ListsList->item(1)->text(), QStringLiteral("Default list (English)"));
+        QCOMPARE(page.ListsList->item(1)->checkState(), Qt::Unchecked);
+        page.ListsList->setCurrentRow(1);
+        page.UpBtn->click();
+        page.ListsList->item(0)->setCheckState(Qt::Checked);
+        page.ListsList->item(1)->setCheckState(Qt::Unchecked);
+        QCOMPARE(page.ListsList->currentRow(), 0);
+        page.RemoveListBtn->click();
+        QCOMPARE(page.ListsList->count(), 2);  // the default list can be switched off, not removed
+        page.MinScoreSpin->setValue(30);
+        page.PersonalEdit->setPlainText(QStringLiteral("zebra;80\n-cat"));
+        page.Save();
+        const TWordListConfig config = WordListConfigFromSettings(0);
+        QCOMPARE(config.Sources.size(), 2);
+        QVERIFY(config.Sources[0].isDefault() && config.Sources[0].Enabled);
+        QCOMPARE(config.Sources[1].Path, dir->path("words.txt"));
+        QVERIFY(!config.Sources[1].Enabled);
+        QCOMPARE(config.MinScore, 30);
+        const TPersonalList personal = ReadPersonalList(config.PersonalPath);
+        QCOMPARE(personal.Excluded, QStringList{QStringLiteral("cat")});
+        QCOMPARE(personal.Added.size(), 1);
+        QCOMPARE(personal.Added[0].Score, 80);
     }
 };
 

@@ -3,42 +3,17 @@
 
 #include "interchange/interchange.h"
 #include "interchange/ipuzformat.h"
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "model/puzzlefile.h"
-#include "uitestmain.h"
 #include "windowtest.h"
-#include "views/ui/txwdgridform.h"
-
-#include <QAction>
-#include <QFile>
 
 namespace {
 
 const QString Finished = QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd");
 const QString Unfinished = QStringLiteral(QUILLMARK_EXAMPLES "/harbour-lights.xwd");
 
-bool sameGridAndClues(const TPuzzle &a, const TPuzzle &b)
-{
-    if (a.Size != b.Size)
-        return false;
-    for (int c = 1; c <= a.Size; ++c)
-        for (int r = 1; r <= a.Size; ++r)
-            if (a.Cells(c, r) != b.Cells(c, r) || a.Entries(c, r) != b.Entries(c, r))
-                return false;
-    for (const TWordRef &w : WordsInSlotOrder(a))
-        if (a.wordClue(w.Column, w.Row, w.Dir) != b.wordClue(w.Column, w.Row, w.Dir))
-            return false;
-    return true;
-}
-
 }  // namespace
 
-class TestInterchange : public QObject, TWindowTest {
+class TestInterchange : public TProgramTest {
     Q_OBJECT
-
-    QAction *action(const char *name) { return act(name); }
 
     QString exported(const QString &xwd, TFileKind kind, const QString &name)
     {
@@ -48,21 +23,13 @@ class TestInterchange : public QObject, TWindowTest {
     }
 
 private slots:
-    void init()
-    {
-        setUpWindowTest();
-        startProgram();
-    }
-
-    void cleanup() { tearDownWindowTest(); }
-
     void anOpenedPuzFileIsUnsavedUntilSaveNamesAnXwd()
     {
         openPuzzle(exported(Finished, TFileKind::Puz, "stroll.puz"), false);
         QVERIFY((*dialogs)->FileRequests.first().Filter.contains(u"*.puz"));
         QVERIFY((*dialogs)->FileRequests.first().Filter.contains(u"*.ipuz"));
         QVERIFY((*dialogs)->Errors.isEmpty());
-        QVERIFY(sameGridAndClues(Puzzle, LoadPuzzleFile(Finished).Puzzle));
+        QCOMPARE(ContentDifference(Puzzle, LoadPuzzleFile(Finished).Puzzle), QString());
         QVERIFY(CurrentPuzzlePath.isEmpty());
         QVERIFY(PuzzleChanged);
         QCOMPARE(program->GridForm->windowTitle(), QStringLiteral("STROLL (not saved)"));
@@ -76,26 +43,8 @@ private slots:
         QCOMPARE((*dialogs)->FileRequests.last().FileName, QStringLiteral("Title.xwd"));
         QCOMPARE(CurrentPuzzlePath, dir->path("stroll.xwd"));
         QVERIFY(!PuzzleChanged);
-        QVERIFY(sameGridAndClues(DecodePuzzle(ReadFileBytes(CurrentPuzzlePath)), Puzzle));
+        QCOMPARE(ContentDifference(DecodePuzzle(ReadFileBytes(CurrentPuzzlePath)), Puzzle), QString());
         QVERIFY(main()->RevertToSavedAct->isEnabled());
-    }
-
-    void anUnsavedImportIsNeverLeftUnasked()
-    {
-        // Even when solving, where a puzzle with a file is saved without a question.
-        openPuzzle(exported(Finished, TFileKind::Ipuz, "stroll.ipuz"), true);
-        QCOMPARE(int(PuzzleMode), int(SolveMode));
-        (*dialogs)->Answers.append(TAnswer::Cancel);
-        QVERIFY(!main()->close());
-        QCOMPARE((*dialogs)->Questions, QStringList{"Puzzle has changed. Save current changes? [YNC]"});
-
-        // Yes asks for a name; cancelling that keeps the program open.
-        (*dialogs)->Answers.append(TAnswer::Yes);
-        QVERIFY(!main()->close());
-        QCOMPARE((*dialogs)->FileRequests.last().DefaultExtension, QStringLiteral("xwd"));
-
-        (*dialogs)->Answers.append(TAnswer::No);
-        QVERIFY(main()->close());
     }
 
     void aRefusedFileIsReportedAndTheOpenPuzzleStays()
@@ -110,7 +59,7 @@ private slots:
         QCOMPARE((*dialogs)->Errors.size(), 1);
         QVERIFY((*dialogs)->Errors.first().contains(u"5 x 5"));
         QCOMPARE(CurrentPuzzlePath, Finished);
-        QVERIFY(sameGridAndClues(Puzzle, LoadPuzzleFile(Finished).Puzzle));
+        QCOMPARE(ContentDifference(Puzzle, LoadPuzzleFile(Finished).Puzzle), QString());
     }
 
     void longCluesAreCutOnlyWhenTheUserAgrees()
@@ -135,21 +84,21 @@ private slots:
 
     void exportWritesBothFormatsAndRefusesAnUnfinishedPuz()
     {
-        QVERIFY(!action("ExportPuzAct")->isEnabled());
+        QVERIFY(!act("ExportPuzAct")->isEnabled());
         openPuzzle(Unfinished, false);
-        QVERIFY(action("ExportPuzAct")->isEnabled());
+        QVERIFY(act("ExportPuzAct")->isEnabled());
 
         (*dialogs)->Files.append(TFileChoice{dir->path("harbour"), 1});
-        action("ExportPuzAct")->trigger();
+        act("ExportPuzAct")->trigger();
         QCOMPARE((*dialogs)->FileRequests.last().FileName, QStringLiteral("harbour-lights.puz"));
         QCOMPARE((*dialogs)->Errors.size(), 1);
         QVERIFY((*dialogs)->Errors.first().contains(u"not finished"));
         QVERIFY(!QFile::exists(dir->path("harbour.puz")));
 
         (*dialogs)->Files.append(TFileChoice{dir->path("harbour"), 1});
-        action("ExportIpuzAct")->trigger();
+        act("ExportIpuzAct")->trigger();
         const TImportedPuzzle back = ImportPuzzleFile(dir->path("harbour.ipuz"));
-        QVERIFY(sameGridAndClues(back.Puzzle, Puzzle));
+        QCOMPARE(ContentDifference(back.Puzzle, Puzzle), QString());
         QCOMPARE(back.Title, QStringLiteral("harbour-lights"));
         QCOMPARE(CurrentPuzzlePath, Unfinished);  // an export leaves the open puzzle as it was
     }

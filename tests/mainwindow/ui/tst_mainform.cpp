@@ -1,29 +1,28 @@
-// The main window and the puzzle's lifecycle, driven as a user would, with scripted dialogs.
+// The main window, the puzzle's lifecycle, its undo and its tools, driven as a user would, with
+// scripted dialogs.
 
-#include "mainwindow/puzzlestate.h"
+#include "clues/ui/tautoclueform.h"
+#include "mainwindow/tlaunchmodule.h"
+#include "mainwindow/ui/taboutbox.h"
+#include "mainwindow/ui/thelpform.h"
 #include "mainwindow/ui/tinfowin.h"
-#include "mainwindow/ui/tprogram.h"
 #include "mainwindow/ui/tsoundfx.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "model/puzzlefile.h"
-#include "model/puzzletext.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
+#include "settings/screenfit.h"
 #include "windowtest.h"
 #include "views/ui/tcluesform.h"
-#include "views/gridgeometry.h"
-#include "views/ui/txwdgridform.h"
 
-#include <QAction>
-#include <QDir>
 #include <QFileInfo>
-#include <QFile>
-#include <QLabel>
+#include <QHelpContentModel>
+#include <QHelpEngine>
+#include <QHelpIndexWidget>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QProgressBar>
-#include <QSignalSpy>
-#include <QToolButton>
+#include <QRegularExpression>
+#include <QTextBrowser>
+
+#include <csignal>
 
 namespace {
 
@@ -33,37 +32,72 @@ const char *const Clued =
     "...........\n...........\n...........\n...........\n...........\n.........#.\n"
     "clues\n1A Purring pet\n4A Barking pet\n";
 
-TFileChoice file(const QString &path, int filter = 1)
-{
-    return TFileChoice{path, filter};
-}
+// Full, so that Autoclue opens without a question; (1, 1) starts 1A and 1D, whose clues a
+// black square there (and at its partner (11, 11)) takes away.
+const char *const Full = "size 11\ngrid\n"
+                         "ABCDEFGHIJK\nBCDEFGHIJKL\nCDEFGHIJKLM\nDEFGHIJKLMN\nEFGHIJKLMNO\nFGHIJKLMNOP\n"
+                         "GHIJKLMNOPQ\nHIJKLMNOPQR\nIJKLMNOPQRS\nJKLMNOPQRST\nKLMNOPQRSTU\n"
+                         "clues\n1A Alphabet\n1D Also the alphabet\n";
 
 }  // namespace
 
-class TestMainForm : public QObject, TWindowTest {
+class TestMainForm : public TProgramTest {
     Q_OBJECT
 
     QString makePuzzle(const QString &name, const char *text = Clued) const { return writePuzzle(name, text); }
+    void restart(const QStringList &arguments)
+    {
+        program.reset();
+        program = std::make_unique<TProgram>();
+        program->Start(arguments);
+    }
+
+    QString undoText() const { return act("UndoAct")->text(); }
+    QString redoText() const { return act("RedoAct")->text(); }
+    void openFull()
+    {
+        openPuzzle(writePuzzle("full.xwd", Full));
+        QVERIFY(QTest::qWaitForWindowExposed(grid()));
+    }
+    void click(int c, int r, Qt::MouseButton button = Qt::LeftButton)
+    {
+        QTest::mouseClick(grid(), button, Qt::NoModifier, CellTopLeft(c, r) + QPoint(4, 6));
+    }
+    void type(QChar ch) { TypeChar(grid(), ch); }
+    static void ctrlZ(QWidget *window) { QTest::keyClick(window, Qt::Key_Z, Qt::ControlModifier); }
+    QString specifications() const { return main()->DataMemo->toPlainText(); }
+
+    // A tool that notes each start in its log and then keeps running.
+    QString makeTool(const QString &name)
+    {
+        const QString path = dir->path(name);
+        WriteFileBytes(path, QStringLiteral("#!/bin/sh\necho started >> '%1.log'\nexec sleep 30\n").arg(path).toUtf8());
+        QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+        return path;
+    }
+
+    static int starts(const QString &tool) { return int(ReadFileBytes(tool + ".log").count("started")); }
 
 private slots:
-    void init()
+    // Tools the test started end with it.
+    void cleanup()
     {
-        setUpWindowTest();
-        startProgram();
+        for (int slot = 0; slot < 5; ++slot)
+            if (const qint64 pid = LaunchModule ? LaunchModule->RunningProcess(slot) : 0)
+                ::kill(pid_t(pid), SIGTERM);
+        tearDownWindowTest();
     }
-    void cleanup() { tearDownWindowTest(); }
 
     void newPuzzleIsWrittenAtOnceAndOpenedForConstructing()
     {
         const QString path = dir->path("fresh.xwd");
-        (*dialogs)->Files.append(file(path));
-        main()->findChild<QAction *>("New15Act")->trigger();
+        (*dialogs)->Files.append(TFileChoice{path, 1});
+        act("New15Act")->trigger();
 
         QCOMPARE((*dialogs)->FileRequests.size(), 1);
         const TFileRequest request = (*dialogs)->FileRequests.first();
         QCOMPARE(request.Title, QStringLiteral("New 15x puzzle for constructing"));
         QCOMPARE(request.FileName, QStringLiteral("untitled.xwd"));
-        QCOMPARE(request.Filter, QStringLiteral("Quillmark Crossword Puzzle |*.xwd"));
         QCOMPARE(ReadFileBytes(path).size(), PuzzleFileSize);
         QCOMPARE(int(PuzzleMode), int(ConstructMode));
         QCOMPARE(CurrentPuzzlePath, path);
@@ -80,20 +114,16 @@ private slots:
         Puzzle.Cells(1, 1) = 'Q';
         PuzzleChanged = true;
         (*dialogs)->Answers.append(TAnswer::Cancel);
-        main()->findChild<QAction *>("New11Act")->trigger();
+        act("New11Act")->trigger();
         QCOMPARE((*dialogs)->Questions, QStringList{"Puzzle has changed. Save current changes? [YNC]"});
         QCOMPARE(program->SoundFX->Played(), QList<int>{1});
-        QCOMPARE(int(Puzzle.Size), 15);
-        (*dialogs)->Answers.append(TAnswer::No);
-        (*dialogs)->Files.append(file(dir->path("small")));
-        main()->findChild<QAction *>("New11Act")->trigger();
-        QCOMPARE(int(Puzzle.Size), 11);
+        QCOMPARE(int(Puzzle.Size), 15);  // the other answers are the session's test
     }
 
     void foreignExtensionsAreRefusedAndNothingIsWritten()
     {
-        (*dialogs)->Files.append(file(dir->path("puzzle.txt")));
-        main()->findChild<QAction *>("New13Act")->trigger();
+        (*dialogs)->Files.append(TFileChoice{dir->path("puzzle.txt"), 1});
+        act("New13Act")->trigger();
         QCOMPARE((*dialogs)->Errors, QStringList{"Not a valid Quillmark puzzle."});
         QVERIFY(!QFile::exists(dir->path("puzzle.txt")));
         QVERIFY(CurrentPuzzlePath.isEmpty());
@@ -127,10 +157,9 @@ private slots:
         QCOMPARE(main()->ModeLabel->text(), QString());
 
         // A word without a clue still names its direction on the mode line.
-        TXwdGridForm *grid = program->GridForm;
-        QTest::mouseClick(grid, Qt::LeftButton, {}, CellTopLeft(1, 2) + QPoint(3, 3));
+        click(1, 2);
         QCOMPARE(main()->ModeLabel->text(), QStringLiteral("Across Clue"));
-        QTest::mouseClick(grid, Qt::RightButton, {}, CellTopLeft(1, 2) + QPoint(3, 3));
+        click(1, 2, Qt::RightButton);
         QCOMPARE(main()->ModeLabel->text(), QStringLiteral("Down Clue"));
     }
 
@@ -155,8 +184,7 @@ private slots:
         QCOMPARE(ReadText("HistoryPuzzle1"), c + " /c");
         QCOMPARE(ReadText("HistoryPuzzle2"), b + " /s");
         QCOMPARE(ReadText("HistoryPuzzle3"), a + " /c");
-        QCOMPARE(main()->History3Act->text(), QStringLiteral("&3 ALPHA"));  // the captions are the history's test
-        QVERIFY(main()->History3Act->isVisible());
+        QVERIFY(main()->History3Act->isVisible());  // the captions are the history's test
 
         // The open puzzle in the same mode: nothing happens.
         Puzzle.Cells(2, 2) = 'Z';
@@ -181,9 +209,7 @@ private slots:
         const QString a = makePuzzle("alpha.xwd");
         WriteSetting("CurrentPuzzle", a);
         WriteSetting("HistoryPuzzle1", a + " /s");
-        program.reset();
-        program = std::make_unique<TProgram>();
-        program->Start({});
+        restart({});
         QVERIFY(CurrentPuzzlePath.isEmpty());
         QVERIFY(!program->GridForm->isVisible());
         QCOMPARE(main()->History1Act->text(), QStringLiteral("&1 ALPHA"));
@@ -191,18 +217,14 @@ private slots:
         QVERIFY(!main()->History2Act->isVisible());
         QVERIFY(!main()->SaveAct->isEnabled());
 
-        program.reset();
-        program = std::make_unique<TProgram>();
-        program->Start({a, "-s"});
+        restart({a, "-s"});
         QCOMPARE(int(PuzzleMode), int(SolveMode));
         QCOMPARE(CurrentPuzzlePath, a);
 
         // A relative path is kept absolute, so the history finds it from anywhere.
         const QString cwd = QDir::currentPath();
         QDir::setCurrent(QFileInfo(a).absolutePath());
-        program.reset();
-        program = std::make_unique<TProgram>();
-        program->Start({QStringLiteral("alpha.xwd")});
+        restart({QStringLiteral("alpha.xwd")});
         QDir::setCurrent(cwd);
         QCOMPARE(CurrentPuzzlePath, a);
         QCOMPARE(ReadText("HistoryPuzzle1"), a + " /c");
@@ -213,9 +235,7 @@ private slots:
         TPuzzle oversized = PuzzleFromText(QString::fromUtf8(Clued));
         oversized.Size = 3000;
         QVERIFY(WriteFileBytes(dir->path("oversized.xwd"), EncodePuzzle(oversized)));
-        program.reset();
-        program = std::make_unique<TProgram>();
-        program->Start({dir->path("oversized.xwd")});
+        restart({dir->path("oversized.xwd")});
         QCOMPARE((*dialogs)->Errors, QStringList{"Puzzle not in Quillmark format or is corrupt."});
         QVERIFY(CurrentPuzzlePath.isEmpty());
         QVERIFY(main()->isVisible());
@@ -223,35 +243,28 @@ private slots:
         QCOMPARE(program->SoundFX->Played(), QList<int>{7});  // sounds stay on by default
     }
 
-    void saveAsVersion5IsAnExport()
-    {
-        const QString a = makePuzzle("alpha.xwd");
-        openPuzzle(a, false);
-        PuzzleChanged = true;
-        const QString caption = program->GridForm->windowTitle();
-        const QString history = ReadText("HistoryPuzzle1");
-        (*dialogs)->Files.append(file(dir->path("five"), 2));
-        main()->SavePuzzleAsAct->trigger();
-        QVERIFY(QFile::exists(dir->path("five.xwd")));
-        QCOMPARE(program->GridForm->windowTitle(), caption);
-        QCOMPARE(ReadText("HistoryPuzzle1"), history);
-        QVERIFY(PuzzleChanged);
-    }
-
-    void copyGridAsKeepsOnlyTheBlackSquares()
+    // What each command writes is the session's test; here the window's part in them.
+    void saveAsVersion5KeepsTheWindowAndCopyGridAsTakesTheSettings()
     {
         WriteSetting("Name", QStringLiteral("New Setter"));
         WriteSetting("GridLanguage", 5);
         openPuzzle(makePuzzle("alpha.xwd"), false);
-        (*dialogs)->Files.append(file(dir->path("copy.xwd")));
+        PuzzleChanged = true;
+        const QString history = ReadText("HistoryPuzzle1");
+        (*dialogs)->Files.append(TFileChoice{dir->path("five"), 2});
+        main()->SavePuzzleAsAct->trigger();
+        QVERIFY(QFile::exists(dir->path("five.xwd")));
+        QCOMPARE(grid()->windowTitle(), QStringLiteral("ALPHA"));
+        QCOMPARE(ReadText("HistoryPuzzle1"), history);
+        QVERIFY(PuzzleChanged);
+
+        (*dialogs)->Files.append(TFileChoice{dir->path("copy.xwd"), 1});
         main()->CopyGridAsAct->trigger();
         QCOMPARE((*dialogs)->FileRequests.last().Title, QStringLiteral("Copy grid as..."));
-        QCOMPARE(CurrentPuzzlePath, dir->path("copy.xwd"));
         const TPuzzle copy = DecodePuzzle(ReadFileBytes(dir->path("copy.xwd")));
-        QCOMPARE(copy.Cells(10, 11), BlockChar);  // what else the copy keeps is ClearPuzzle's test
         QCOMPARE(copy.Byline.text(), QByteArray("New Setter"));
         QCOMPARE(int(copy.Language), 5);
-        QCOMPARE(program->GridForm->windowTitle(), QStringLiteral("COPY"));
+        QCOMPARE(grid()->windowTitle(), QStringLiteral("COPY"));
     }
 
     void saveAndRevert()
@@ -290,15 +303,11 @@ private slots:
         QCOMPARE(DecodePuzzle(ReadFileBytes(a)).Cells(3, 3), uint8_t('K'));
     }
 
-    void solvingSavesWithoutAskingAndClosingAsksWhenConstructing()
+    // When a solved puzzle saves unasked, or an imported one asks, is the session's test.
+    void aSaveFallsBackWhereNoNewFileCanBeMadeAndClosingAsksWhenConstructing()
     {
-        const QString a = makePuzzle("alpha.xwd"), b = makePuzzle("beta.xwd");
-        openPuzzle(a, true);
-        Puzzle.Entries(1, 2) = 'R';
-        PuzzleChanged = true;
+        const QString b = makePuzzle("beta.xwd");
         openPuzzle(b, false);
-        QVERIFY((*dialogs)->Questions.isEmpty());
-        QCOMPARE(DecodePuzzle(ReadFileBytes(a)).Entries(1, 2), uint8_t('R'));
 
         // A write-fallback keeps the save alive in a folder that takes no new files.
         QVERIFY(QFile::setPermissions(dir->path(QString()), QFileDevice::ReadOwner | QFileDevice::ExeOwner));
@@ -368,15 +377,10 @@ private slots:
         QVERIFY(program->GridForm->Editor.MouseSwapped);
     }
 
-    void boundsAreWrittenAndArranged()
+    // Writing the bounds is the preferences' test (Save All Settings).
+    void arrangingTakesTheStoredBoundsOrTheSmallestWindow()
     {
         openPuzzle(makePuzzle("alpha.xwd"), false);
-        main()->move(40, 50);
-        main()->resize(400, 300);
-        main()->WriteWindowBounds();
-        QCOMPARE(ReadText("ScreenBoundsMain"), QStringLiteral("%1,%2,400,300").arg(main()->x()).arg(main()->y()));
-        QVERIFY(!ReadText("ScreenBoundsGrid").isEmpty());
-
         WriteSetting("ScreenBoundsMain", QStringLiteral("10,20,500,350"));
         main()->AutoArrangeAct->trigger();
         QCOMPARE(main()->size(), QSize(500, 350));
@@ -385,6 +389,312 @@ private slots:
         main()->AutoArrangeAct->trigger();
         QCOMPARE(main()->size(), main()->minimumSize());
         QVERIFY(main()->minimumWidth() >= 270);
+    }
+
+    // Settings saved on another screen, or edited by hand, never put a window where the user
+    // cannot see or reach it: the program starts with each and its windows are on the screen.
+    void windowsStayOnTheScreen_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QVariant>("value");
+        QTest::newRow("main window saved on a second monitor that is gone")
+            << "ScreenBoundsMain" << QVariant(QStringLiteral("100000,50,300,400"));
+        QTest::newRow("main window bounds at the limits of a number")
+            << "ScreenBoundsMain" << QVariant(QStringLiteral("2147483647,2147483647,2147483647,2147483647"));
+        QTest::newRow("grid window far past the left edge") << "ScreenBoundsGrid" << QVariant(QStringLiteral("-5000,-5000,300,300"));
+        QTest::newRow("square size of the largest number") << "ScreenSquare" << QVariant(2147483647);
+        QTest::newRow("status font of 700 points") << "StatusFontSize" << QVariant(700);
+        QTest::newRow("grid letters of 700 points") << "FontSize" << QVariant(700);
+    }
+
+    void windowsStayOnTheScreen()
+    {
+        QFETCH(QString, name);
+        QFETCH(QVariant, value);
+        program.reset();  // the run the test began with writes its own bounds as it ends
+        WriteSetting(name, value);
+        TPuzzle p;
+        p.ClearPuzzle(23, 'N', "A. Setter", 0);
+        const QString path = dir->path("big.xwd");
+        WriteFileAtomically(path, EncodePuzzle(p));
+        restart({path});
+        QVERIFY(QTest::qWaitForWindowExposed(main()));
+        QVERIFY(QTest::qWaitForWindowExposed(grid()));
+
+        const QRect screen = main()->screen()->availableGeometry();
+        const QMenuBar *menus = main()->menuBar();
+        const QRect menuBar(menus->mapToGlobal(QPoint(0, 0)), menus->size());
+        const auto at = [](const QRect &r) { return QStringLiteral(" at %1,%2 %3x%4").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height()); };
+        QVERIFY2(screen.contains(menuBar), qPrintable("menu bar" + at(menuBar)));
+        QVERIFY2(screen.contains(grid()->frameGeometry()), qPrintable("grid window" + at(grid()->frameGeometry())));
+        QVERIFY(SquareSize >= 1);
+        QCOMPARE(grid()->width(), GridWindowExtent(23, SquareSize));
+        QVERIFY(grid()->font().pointSize() <= MaxFontPointSize);
+        QVERIFY(main()->frameGeometry().height() <= screen.height());
+    }
+
+    // Undo and redo as the user meets them: the Edit menu, its captions, Ctrl+Z from the grid,
+    // every window showing the puzzle as it now is, and text fields keeping their own keys.
+    void theEditMenuFollowsPuzzleAndEveryTitleFitsTheMenuLine()
+    {
+        QMenu *edit = main()->Menu(QStringLiteral("EditMenu"));
+        QVERIFY(edit);
+        QVERIFY2(!edit->menuAction()->isVisible(), "no puzzle, no Edit: the logo-wide window keeps its titles");
+        openFull();
+        QCOMPARE(undoText(), QStringLiteral("&Undo"));
+        QVERIFY(!act("UndoAct")->isEnabled() && !act("RedoAct")->isEnabled());
+
+        QMenuBar *bar = main()->menuBar();
+        QStringList titles;
+        for (QAction *title : bar->actions()) {
+            if (!title->isVisible())
+                continue;
+            titles.append(title->text());
+            const QRect at = bar->actionGeometry(title);
+            QVERIFY2(!at.isEmpty() && bar->rect().contains(at), qPrintable(title->text() + " is cut off"));
+        }
+        QCOMPARE(titles, QStringList({"&Puzzle", "&Edit", "&Options", "&Grid", "T&ools", "&Help"}));
+    }
+
+    void ctrlZTakesBackALetterABlackPairAndAFlip()
+    {
+        openFull();
+        const QByteArray saved = EncodePuzzle(Puzzle);
+        TPaintCounter paints(grid());
+
+        click(4, 3);
+        type(u'z');
+        QCOMPARE(char(Puzzle.Cells(4, 3)), 'Z');
+        QCOMPARE(undoText(), QStringLiteral("&Undo Typing"));
+        click(9, 9);
+        paints.Paints = 0;
+        ctrlZ(grid());
+        QCOMPARE(char(Puzzle.Cells(4, 3)), 'F');
+        QTRY_VERIFY(paints.Paints > 0);
+        QCOMPARE(CellAt(grid()->Editor.CursorPos), QPoint(4, 3));
+        QCOMPARE(redoText(), QStringLiteral("&Redo Typing"));
+        QVERIFY2(!PuzzleChanged, "back to the saved puzzle");
+
+        QTest::mouseClick(main()->SquaresBtn, Qt::LeftButton);
+        const QString before = specifications();
+        click(1, 1);
+        QVERIFY(Puzzle.isBlock(1, 1) && Puzzle.isBlock(11, 11));
+        QVERIFY(Puzzle.clue(1).isEmpty());
+        QCOMPARE(undoText(), QStringLiteral("&Undo Black Square"));
+        QVERIFY(!act("RedoAct")->isEnabled());
+        main()->UpdateBtn->click();
+        QVERIFY(specifications() != before);
+        ctrlZ(grid());
+        QVERIFY(!Puzzle.isBlock(1, 1) && !Puzzle.isBlock(11, 11));
+        QCOMPARE(Puzzle.clue(1), QByteArray("Alphabet"));
+        QCOMPARE(specifications(), before);
+
+        QTest::mouseClick(main()->LettersBtn, Qt::LeftButton);
+        (*dialogs)->Answers = {TAnswer::Yes};
+        act("FlipAct")->trigger();
+        QCOMPARE(char(Puzzle.Cells(1, 1)), 'K');
+        QCOMPARE(undoText(), QStringLiteral("&Undo Flip"));
+        ctrlZ(main());
+        QCOMPARE(EncodePuzzle(Puzzle), saved);
+        QCOMPARE(redoText(), QStringLiteral("&Redo Flip"));
+        QTest::keyClick(grid(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(char(Puzzle.Cells(1, 1)), 'K');
+        act("UndoAct")->trigger();
+
+        (*dialogs)->Questions.clear();
+        QVERIFY(main()->close());
+        QVERIFY2((*dialogs)->Questions.isEmpty(), "undone to the saved puzzle: nothing to ask");
+    }
+
+    void autoclueKeepsCtrlYAndItsFieldItsOwnCtrlZ()
+    {
+        openFull();
+        click(4, 3);
+        type(u'z');
+        AutoclueBtnClick(main());
+        QLineEdit *field = AutoclueForm->DefEdit;
+        QVERIFY(AutoclueForm->isVisible());
+        QCOMPARE(field->text(), QStringLiteral("Alphabet"));
+        QTest::keyClicks(field, QStringLiteral("s"));
+        QCOMPARE(Puzzle.clue(1), QByteArray("Alphabets"));
+        QCOMPARE(undoText(), QStringLiteral("&Undo Clue"));
+
+        // The field's own undo: the typed "s" goes, the letter in the grid stays.
+        ctrlZ(field);
+        QCOMPARE(field->text(), QStringLiteral("Alphabet"));
+        QCOMPARE(char(Puzzle.Cells(4, 3)), 'Z');
+
+        QTest::keyClick(field, Qt::Key_Y, Qt::ControlModifier);
+        QCOMPARE(Puzzle.clue(1), QByteArray());
+        QCOMPARE(field->text(), QString());
+
+        // Edit > Undo brings the emptied clue back, and Autoclue shows it.
+        act("UndoAct")->trigger();
+        QCOMPARE(Puzzle.clue(1), QByteArray("Alphabet"));
+        QCOMPARE(field->text(), QStringLiteral("Alphabet"));
+        QCOMPARE(char(Puzzle.Cells(4, 3)), 'Z');
+    }
+
+    // The Tools menu starting real programs, the help window reading the collection the build
+    // made, and the about box.
+    void aToolIsAvailableExactlyWhenItsPathIsSet()
+    {
+        auto *button = program->MainForm->findChild<QToolButton *>("DictBtn");
+        QVERIFY(button);
+        QVERIFY(!act("DictionaryAct")->isEnabled());
+        QVERIFY(!button->isEnabled());
+        QVERIFY(button->toolTip().isEmpty());
+        QCOMPARE(act("DictionaryAct")->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_D));
+
+        WriteSetting("DictPath", "/opt/dict");
+        WriteSetting("MailPath", "/opt/mail");
+        program->MainForm->ApplyPreferences(false, 0);
+        QVERIFY(act("DictionaryAct")->isEnabled());
+        QVERIFY(button->isEnabled());
+        QCOMPARE(button->toolTip(), QStringLiteral("Open dictionary"));
+        QVERIFY(act("PostrunnerAct")->isEnabled());
+        QVERIFY(!act("ThesaurusAct")->isEnabled());
+        QVERIFY(!act("CluevaultAct")->isEnabled());
+    }
+
+    void aToolStartsOnceAndASecondChoiceDoesNotStartAnotherCopy()
+    {
+        const QString tool = makeTool("dict tool");
+        WriteSetting("DictPath", tool);
+        program->MainForm->ApplyPreferences(false, 0);
+        act("DictionaryAct")->trigger();
+        QTRY_COMPARE(starts(tool), 1);
+        program->MainForm->findChild<QToolButton *>("DictBtn")->click();
+        act("DictionaryAct")->trigger();
+        QTest::qWait(300);
+        QCOMPARE(starts(tool), 1);
+        QVERIFY((*dialogs)->Errors.isEmpty());
+
+        // Once it has ended, the next choice starts it again.
+        const qint64 pid = LaunchModule->RunningProcess(0);
+        QVERIFY(pid > 0);
+        ::kill(pid_t(pid), SIGTERM);
+        QTRY_COMPARE(LaunchModule->RunningProcess(0), 0);
+        act("DictionaryAct")->trigger();
+        QTRY_COMPARE(starts(tool), 2);
+    }
+
+    void aToolSettingIsAWholeCommandLine()
+    {
+        // A program with its arguments, and a bare program name found on PATH.
+        const QString tool = makeTool("thes");
+        WriteFileBytes(tool, QStringLiteral("#!/bin/sh\necho started \"$1\" >> '%1.log'\nexec sleep 30\n").arg(tool).toUtf8());
+        WriteSetting("ThesPath", tool + " \"big words\"");
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", QFile::encodeName(dir->path(QString())) + ":" + path);
+        const auto restorePath = qScopeGuard([&] { qputenv("PATH", path); });
+        WriteSetting("ScraPath", "thes pad");
+        program->MainForm->ApplyPreferences(false, 0);
+        act("ThesaurusAct")->trigger();
+        QTRY_COMPARE(starts(tool), 1);
+        QVERIFY(ReadFileBytes(tool + ".log").contains("started big words"));
+        act("ScratchpadAct")->trigger();
+        QTRY_COMPARE(starts(tool), 2);
+        QVERIFY(ReadFileBytes(tool + ".log").contains("started pad"));
+        QVERIFY((*dialogs)->Errors.isEmpty());
+    }
+
+    void aPathToNothingIsReportedByTheToolsName()
+    {
+        WriteSetting("ThesPath", dir->path("missing"));
+        WriteSetting("ScraPath", dir->path("missing too"));
+        program->MainForm->ApplyPreferences(false, 0);
+        act("ThesaurusAct")->trigger();
+        act("ScratchpadAct")->trigger();
+        QCOMPARE((*dialogs)->Errors, QStringList({"Thesaurus has not been properly configured.",
+                                                  "Scratchpad has not been properly configured."}));
+    }
+
+    void helpShowsEveryChapterAndFindsOurKeywords()
+    {
+        QVERIFY2(QFileInfo::exists(THelpForm::CollectionFile()), qPrintable(THelpForm::CollectionFile()));
+        QCOMPARE(act("HelpContentsAct")->text(), QStringLiteral("&Contents..."));
+        act("HelpContentsAct")->trigger();
+        auto *help = program->MainForm->findChild<THelpForm *>();
+        QVERIFY(help && help->isVisible());
+        QCOMPARE(help->Tabs->currentIndex(), 0);
+        QHelpContentModel *contents = help->Engine->contentModel();
+        QTRY_VERIFY(contents->rowCount() > 0);
+        const QModelIndex root = contents->index(0, 0);
+        QStringList chapters;
+        for (int i = 0; i < contents->rowCount(root); ++i)
+            chapters.append(contents->data(contents->index(i, 0, root), Qt::DisplayRole).toString());
+        QCOMPARE(chapters, QStringList({"Constructing a puzzle", "Word lists and the word finder", "Autofill",
+                                        "Writing the clues", "Solving a puzzle", "Printing and exporting",
+                                        "Undo and redo", "Recovering unsaved work", "Keys, mouse and shortcuts",
+                                        "Preferences", "Companion tools"}));
+        // Every link of every page leads to a page of the collection.
+        const QList<QUrl> pages = help->Engine->files(QStringLiteral("org.quillmark.help"), QString(), QStringLiteral("html"));
+        QVERIFY(pages.size() > 10);
+        const QRegularExpression href(QStringLiteral("(?:href|src)=\"([^\"#]+)[^\"]*\""));
+        for (const QUrl &page : pages) {
+            const QString html = QString::fromUtf8(help->Engine->fileData(page));
+            for (auto m = href.globalMatch(html); m.hasNext();) {
+                const QUrl target = page.resolved(QUrl(m.next().captured(1)));
+                QVERIFY2(!help->Engine->fileData(target).isEmpty(),
+                         qPrintable(page.fileName() + QStringLiteral(" links to a missing ") + target.toString()));
+            }
+        }
+        QTRY_VERIFY(help->Browser->toPlainText().contains("Quillmark builds and solves crossword puzzles"));
+
+        act("HelpKeywordAct")->trigger();
+        QCOMPARE(help->Tabs->currentIndex(), 1);
+        QCOMPARE(help->IndexEdit->text(), QString());
+        QHelpIndexWidget *index = help->Engine->indexWidget();
+        QTRY_VERIFY(index->model()->rowCount() > 0);
+        const auto lookUp = [&](const char *keyword) {
+            help->IndexEdit->setText(keyword);
+            const bool one = QTest::qWaitFor([&] { return index->model()->rowCount() == 1; });
+            index->setCurrentIndex(index->model()->index(0, 0));
+            index->activateCurrentItem();
+            return one ? index->model()->index(0, 0).data().toString() : QString();
+        };
+        QCOMPARE(lookUp("Symm"), QStringLiteral("Symmetry"));
+        QTRY_COMPARE(help->Browser->source().fileName(), QStringLiteral("constructing.html"));
+        QVERIFY(help->Browser->toPlainText().contains("diagonal symmetry"));
+
+        // Back, Forward and Home walk the pages seen.
+        help->BackBtn->click();
+        QCOMPARE(help->Browser->source().fileName(), QStringLiteral("index.html"));
+        QVERIFY(help->ForwardBtn->isEnabled());
+        help->ForwardBtn->click();
+        QCOMPARE(help->Browser->source().fileName(), QStringLiteral("constructing.html"));
+        help->HomeBtn->click();
+        QCOMPARE(help->Browser->source().fileName(), QStringLiteral("index.html"));
+
+        lookUp("Undo");
+        QTRY_VERIFY(help->Browser->toPlainText().contains("Ctrl+Shift+Z"));
+        lookUp("Recovery");
+        QTRY_VERIFY(help->Browser->toPlainText().contains("moves the recovery file to the trash"));
+
+        // The help window goes with the main window.
+        program->MainForm->close();
+        QVERIFY(!help->isVisible());
+    }
+
+    void aboutBoxNamesTheProgramAndItsVersion()
+    {
+        (*dialogs)->DialogScripts.append([](QDialog *box) {
+            const QString version = box->findChild<QLabel *>("Version")->text();
+            QVERIFY(version.startsWith("Quillmark ") && version.size() > 10);
+        });
+        act("HelpAboutAct")->trigger();
+        QCOMPARE((*dialogs)->ExecutedDialogs, QStringList({"AboutBox"}));
+    }
+
+    void splashShowsTheLogoUntilTheMainWindowIsUp()
+    {
+        TSplashForm splash;
+        splash.show();
+        // The logo on a white card (how the logo draws is the resources' test).
+        QCOMPARE(splash.pixmap().toImage().pixelColor(5, 5), QColor(Qt::white));
+        splash.finish(program->MainForm);
+        QVERIFY(!splash.isVisible());
     }
 };
 

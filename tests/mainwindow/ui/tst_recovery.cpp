@@ -2,23 +2,12 @@
 // the real program, started again with its questions answered from the environment, offers
 // the work back. The editing run is this test program itself, started as a child.
 
-#include "mainwindow/puzzlestate.h"
 #include "mainwindow/recovery.h"
-#include "mainwindow/ui/tprogram.h"
-#include "model/puzzlefile.h"
-#include "scripteddialogs.h"
-#include "testsupport.h"
-#include "views/gridgeometry.h"
-#include "views/ui/txwdgridform.h"
+#include "windowtest.h"
 
-#include <QApplication>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QKeyEvent>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QTest>
 
 #include <cstdio>
 
@@ -40,10 +29,8 @@ int editAndWait(int argc, char *argv[])
     if (!QTest::qWaitForWindowExposed(grid))
         return 3;
     QTest::mouseClick(grid, Qt::LeftButton, Qt::NoModifier, CellTopLeft(1, 2) + QPoint(4, 6));
-    for (QChar ch : QStringLiteral("qx")) {
-        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(ch));
-        QApplication::sendEvent(grid, &press);
-    }
+    for (QChar ch : QStringLiteral("qx"))
+        TypeChar(grid, ch);
     const QDir folder(TRecoveryStore().Folder());
     QElapsedTimer waited;
     waited.start();

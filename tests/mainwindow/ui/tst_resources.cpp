@@ -10,7 +10,6 @@
 #include <QFile>
 #include <QImage>
 #include <QSet>
-#include <QTest>
 #include <QtEndian>
 
 #include <cstdlib>

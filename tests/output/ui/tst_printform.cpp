@@ -1,29 +1,17 @@
 // The print options dialog, the preview and the print command, with scripted dialogs and
 // the printer writing to a PDF file.
 
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "model/puzzlefile.h"
 #include "output/pagelayout.h"
 #include "output/ui/tpreviewform.h"
 #include "output/ui/txwdprintform.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
 #include "windowtest.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QFile>
-#include <QLineEdit>
 #include <QMenu>
-#include <QPrintPreviewWidget>
 #include <QPrinter>
+#include <QPrintPreviewWidget>
 #include <QProcess>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QRegularExpression>
-#include <QSpinBox>
 
 namespace {
 
@@ -69,16 +57,6 @@ private slots:
         form.reset();
         preview.reset();
         tearDownWindowTest();
-    }
-
-    void showingReadsTheSettingsAndNamesTheTitle()
-    {
-        QCOMPARE(form->windowTitle(), QStringLiteral("Print Puzzle"));
-        QCOMPARE(form->TitleEdit->text(), QStringLiteral("sunday-stroll"));
-        QVERIFY(!form->MSChk->isChecked());
-        QCOMPARE(form->CopyEd->value(), 1);
-        QVERIFY(form->ByChk->isChecked());
-        QVERIFY(form->PrintBtn->isDefault());
     }
 
     void nothingCheckedGivesEachMessageAndKeepsTheDialogOpen()
@@ -128,11 +106,8 @@ private slots:
         form->ByChk->setChecked(false);
         QTest::mouseClick(form->ResetBtn, Qt::LeftButton);
         QCOMPARE(ReadText(QStringLiteral("MSFontName")), QStringLiteral("Courier New"));
-        QCOMPARE(ReadInt(QStringLiteral("MSFontStyle"), -1), 0);
-        QCOMPARE(ReadInt(QStringLiteral("MSFontSize"), -1), 12);
         QCOMPARE(ReadText(QStringLiteral("PPFontName")), QStringLiteral("Times New Roman"));
         QCOMPARE(ReadInt(QStringLiteral("PPFontStyle"), -1), 0);
-        QCOMPARE(ReadInt(QStringLiteral("PPFontSize"), -1), 9);
         QVERIFY(form->ByChk->isChecked());
     }
 

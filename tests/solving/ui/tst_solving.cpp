@@ -1,27 +1,12 @@
 // Solving a puzzle through the program: the score card, errors, answers, start over, the
 // trash, and the clock.
 
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
 #include "mainwindow/ui/tsoundfx.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "model/puzzlefile.h"
-#include "model/puzzletext.h"
-#include "settings/txwdprocs.h"
 #include "solving/ui/tscoreform.h"
 #include "solving/ui/txwdclockform.h"
-#include "uitestmain.h"
 #include "windowtest.h"
-#include "views/gridgeometry.h"
-#include "views/ui/txwdgridform.h"
 
-#include <QAction>
-#include <QDir>
-#include <QFile>
-#include <QLabel>
-#include <QPushButton>
 #include <QStandardPaths>
-#include <QToolButton>
 
 namespace {
 
@@ -35,31 +20,12 @@ const char *const AlmostSolved =
     "AREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\n"
     "clues\n1A Purring pet\n";
 
-int redPixels(const QImage &image, const QRect &area)
-{
-    int count = 0;
-    for (int y = area.top(); y <= area.bottom(); ++y)
-        for (int x = area.left(); x <= area.right(); ++x) {
-            const QColor c = image.pixelColor(x, y);
-            count += c.red() > 200 && c.green() < 60 && c.blue() < 60;
-        }
-    return count;
-}
-
 }  // namespace
 
 class TestSolving : public QObject, TWindowTest {
     Q_OBJECT
 
     QString path;
-
-    TXwdGridForm *grid() { return program->GridForm; }
-
-    void openForSolving(const QString &file)
-    {
-        openPuzzle(file, true);
-        QCOMPARE(int(PuzzleMode), int(SolveMode));
-    }
 
     // Scores the puzzle and answers the card by clicking `button` (none: just look).
     QStringList score(const char *button = nullptr)
@@ -90,7 +56,7 @@ private slots:
         setUpWindowTest(30);
         startProgram();
         path = writePuzzle("solve.xwd", AlmostSolved);
-        openForSolving(path);
+        openPuzzle(path, true);
     }
 
     void cleanup() { tearDownWindowTest(); }
@@ -100,12 +66,12 @@ private slots:
         QCOMPARE(score("ShowErrsBtn"), (QStringList{"PUZZLE INCORRECT!", "#ff0000", "honest", "errors", "no delete"}));
         QCOMPARE(program->SoundFX->Played(), QList<int>{3});
         const QImage image = grid()->grab().toImage();
-        QVERIFY(redPixels(image, QRect(CellTopLeft(3, 3), QSize(SquareSize, SquareSize))) > 20);
-        QCOMPARE(redPixels(image, QRect(CellTopLeft(2, 3), QSize(SquareSize, SquareSize))), 0);
+        QVERIFY(RedPixels(image, QRect(CellTopLeft(3, 3), QSize(SquareSize, SquareSize))) > 20);
+        QCOMPARE(RedPixels(image, QRect(CellTopLeft(2, 3), QSize(SquareSize, SquareSize))), 0);
 
         // The marks last until the grid is next touched.
         QTest::mouseClick(grid(), Qt::LeftButton, {}, CellTopLeft(1, 2) + QPoint(5, 5));
-        QCOMPARE(redPixels(grid()->grab().toImage(), QRect(CellTopLeft(3, 3), QSize(SquareSize, SquareSize))), 0);
+        QCOMPARE(RedPixels(grid()->grab().toImage(), QRect(CellTopLeft(3, 3), QSize(SquareSize, SquareSize))), 0);
     }
 
     void aRevealedLetterIsCheatingUntilTheNextPuzzle()
@@ -120,7 +86,7 @@ private slots:
 
         const QString other = dir->path("other.xwd");
         QVERIFY(QFile::copy(path, other));
-        openForSolving(other);
+        openPuzzle(other, true);
         QVERIFY(!grid()->Editor.Cheated);
         solveSquare33();
         QCOMPARE(score(), (QStringList{"CONGRATULATIONS!", "#000080", "honest", "no errors", "delete"}));
@@ -201,7 +167,7 @@ private slots:
         QVERIFY(clock->Timer1.isActive());
 
         // Opening a puzzle stops the clock; the next one starts from zero.
-        openForSolving(path);
+        openPuzzle(path, true);
         QCOMPARE(main()->ClockAct->text(), QStringLiteral("&Clock On"));
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(!main()->findChild<TXwdClockForm *>());

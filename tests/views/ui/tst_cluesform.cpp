@@ -2,23 +2,11 @@
 // heights and line breaks as drawn, and clicks and keys that reach the grid. How a clue is
 // measured and broken is the core tests'; here what the list shows.
 
-#include "mainwindow/puzzlestate.h"
-#include "mainwindow/ui/tprogram.h"
-#include "mainwindow/ui/txwdmainform.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
 #include "windowtest.h"
-#include "views/gridgeometry.h"
 #include "views/ui/tcluesform.h"
-#include "views/ui/txwdgridform.h"
 
 #include <QImage>
-#include <QLabel>
-#include <QListWidget>
 #include <QPlainTextEdit>
-#include <QScreen>
-
-#include <memory>
 
 namespace {
 
@@ -94,11 +82,8 @@ private slots:
         QVERIFY2(firstLeft >= 1 && firstLeft <= 4, qPrintable(QString::number(firstLeft)));
         QVERIFY2(secondLeft >= 2 + em - 1 && secondLeft <= 2 + em + 3, qPrintable(QString::number(secondLeft)));
 
-        // A clue without spaces gets the second line's room, but stays on one line.
+        // A clue without spaces gets the second line's room (that it stays on one is the layout's test).
         QCOMPARE(item(3).height(), 2 * 17 + 2);
-        const QImage unbroken = image.copy(item(3));
-        QVERIFY(leftmostInk(unbroken, 0, line - 2) >= 0);
-        QCOMPARE(leftmostInk(unbroken, line + 1, 2 * 17), -1);
 
         // Every resize fills the list again and measures anew; the selection goes.
         form()->SelectSlot(3);

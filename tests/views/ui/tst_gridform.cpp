@@ -2,22 +2,14 @@
 // editing rules themselves are the editor's own tests; here the events must reach them and
 // the paint must show the result.
 
-#include "mainwindow/puzzlestate.h"
-#include "settings/txwdprocs.h"
-#include "uitestmain.h"
 #include "windowtest.h"
-#include "views/gridgeometry.h"
-#include "views/ui/txwdgridform.h"
 
-#include <QAction>
 #include <QImage>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QSignalSpy>
 
 #include <cmath>
 #include <functional>
-#include <memory>
 
 namespace {
 
@@ -43,21 +35,6 @@ QRect inkBounds(const QImage &image, int c, int r)
                 bounds |= QRect(origin + QPoint(x, y), QSize(1, 1));
     return bounds;
 }
-
-// Counts the paint events a widget receives.
-class TPaintCounter : public QObject {
-public:
-    TPaintCounter(QWidget *widget, int &count) : count_(count) { widget->installEventFilter(this); }
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            ++count_;
-        return false;
-    }
-
-private:
-    int &count_;
-};
 
 }  // namespace
 
@@ -87,11 +64,7 @@ class TestGridForm : public QObject, TWindowTest {
         QMouseEvent move(QEvent::MouseMove, at(c, r), form->mapToGlobal(at(c, r)), Qt::NoButton, button, keys);
         QApplication::sendEvent(form.get(), &move);
     }
-    void typeChar(QChar ch)
-    {
-        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(ch));
-        QApplication::sendEvent(form.get(), &press);
-    }
+    void typeChar(QChar ch) { TypeChar(form.get(), ch); }
     static int fontSizeFor(int squareSize) { return ScaledFontSize(11, squareSize, XwdProcs->MaxSquareSize); }
 
 private slots:
@@ -113,8 +86,6 @@ private slots:
     {
         WriteSetting(QStringLiteral("ScreenBoundsGrid"), QStringLiteral("40,50,999,999"));
         open(OpenGrid(15));
-        QCOMPARE(form->objectName(), QStringLiteral("XwdGridForm"));
-        QCOMPARE(form->windowTitle(), QStringLiteral("SAMPLE"));
         QCOMPARE(SquareSize, Side);
         QCOMPARE(QRect(form->pos(), form->size()), QRect(40, 50, 15 * Side + 9, 15 * Side + 9));
         QCOMPARE(form->font().pointSize(), fontSizeFor(Side));
@@ -266,8 +237,7 @@ private slots:
         open(QStringLiteral("size 5\ngrid\n.B...\n.....\n.....\n.....\n.....\n"));
         click(1, 1);
         QTest::keyClick(form.get(), 'a');
-        for (const char16_t refused : {u'é', u'É', u'Š', u'一'})  // not English, or no Windows-1252 byte at all
-            typeChar(QChar(refused));
+        typeChar(QChar(u'É'));  // not English: which letters pass is the editor's test
         QCOMPARE(Puzzle.Cells(2, 1), uint8_t('B'));
         QTest::keyClick(form.get(), Qt::Key_Backspace);
         QCOMPARE(CellAt(form->Editor.CursorPos), QPoint(1, 1));
@@ -292,8 +262,8 @@ private slots:
     void everyEditAndClickRepaints()
     {
         open(OpenGrid(5));
-        int paints = 0;
-        TPaintCounter counter(form.get(), paints);
+        TPaintCounter counter(form.get());
+        int &paints = counter.Paints;
         click(5, 5);  // the window is active before anything is counted
         const auto repaints = [&](const char *what, const std::function<void()> &act) {
             QTest::qWait(20);

@@ -1,12 +1,10 @@
-// The print options dialog, the preview and the print command, with scripted dialogs and
-// the printer writing to a PDF file.
+// The print options dialog, the preview and the print command, the printer writing a PDF file.
 
 #include "output/pagelayout.h"
 #include "output/ui/tpreviewform.h"
 #include "output/ui/txwdprintform.h"
 #include "windowtest.h"
 
-#include <QMenu>
 #include <QPrinter>
 #include <QPrintPreviewWidget>
 #include <QProcess>
@@ -68,9 +66,7 @@ private slots:
         QCOMPARE((*dialogs)->Errors, QStringList({QStringLiteral("Nothing to preview! Please select one or more formats."),
                                                   QStringLiteral("Nothing to print! Please select one or more formats."),
                                                   QStringLiteral("Nothing to print! Please select one or more formats.")}));
-        QVERIFY((*dialogs)->FileRequests.isEmpty());
-        QVERIFY((*dialogs)->ExecutedDialogs.isEmpty());
-        QVERIFY(form->isVisible());
+        QVERIFY((*dialogs)->FileRequests.isEmpty() && (*dialogs)->ExecutedDialogs.isEmpty() && form->isVisible());
     }
 
     void defaultWritesTheSixSettingsOnlyWhenChecked()
@@ -167,11 +163,7 @@ private slots:
         program.Start({});
         TXwdMainForm *main = program.MainForm;
         auto *print = main->findChild<QAction *>(QStringLiteral("PrintAct"));
-        QVERIFY(print);
-        QCOMPARE(print->shortcut(), QKeySequence(QStringLiteral("Ctrl+P")));
-        const QList<QAction *> actions = main->Menu(QStringLiteral("PuzzleMenu"))->actions();
-        QVERIFY(actions.indexOf(print) < actions.indexOf(main->Menu(QStringLiteral("ExportMenu"))->menuAction()));
-        QVERIFY(!print->isEnabled());
+        QVERIFY(print && !print->isEnabled());
 
         (*dialogs)->Files = {TFileChoice{Example, 1}};
         main->ConstructOpenAct->trigger();

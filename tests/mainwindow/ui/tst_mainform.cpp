@@ -253,7 +253,7 @@ private slots:
         QCOMPARE(grid()->windowTitle(), QStringLiteral("COPY"));
     }
 
-    void saveAndRevert()
+    void saveFromTheMenuOrWithCtrlSInTheGridAndRevert()
     {
         const QString a = makePuzzle("alpha.xwd");
         openPuzzle(a, false);
@@ -267,19 +267,6 @@ private slots:
         QCOMPARE(program->InfoWin->findChild<QLabel *>("Panel")->text(), QStringLiteral("Saving puzzle ...    "));
         QVERIFY(!program->InfoWin->isVisible());
 
-        Puzzle.Cells(2, 2) = 'Y';
-        PuzzleChanged = true;
-        (*dialogs)->Answers.append(TAnswer::Yes);
-        main()->RevertToSavedAct->trigger();
-        QCOMPARE((*dialogs)->Questions.last(), QStringLiteral("Discard all recent changes and return to last saved puzzle? [YN]"));
-        QCOMPARE(Puzzle.Cells(2, 2), uint8_t('Z'));
-        QVERIFY(!PuzzleChanged);
-    }
-
-    void ctrlSSavesFromTheGridWindow()
-    {
-        const QString a = makePuzzle("alpha.xwd");
-        openPuzzle(a, false);
         Puzzle.Cells(3, 3) = 'K';
         PuzzleChanged = true;
         program->GridForm->activateWindow();
@@ -287,6 +274,14 @@ private slots:
         QTest::keyClick(program->GridForm, Qt::Key_S, Qt::ControlModifier);
         QVERIFY(!PuzzleChanged);
         QCOMPARE(DecodePuzzle(ReadFileBytes(a)).Cells(3, 3), uint8_t('K'));
+
+        Puzzle.Cells(2, 2) = 'Y';
+        PuzzleChanged = true;
+        (*dialogs)->Answers.append(TAnswer::Yes);
+        main()->RevertToSavedAct->trigger();
+        QCOMPARE((*dialogs)->Questions.last(), QStringLiteral("Discard all recent changes and return to last saved puzzle? [YN]"));
+        QCOMPARE(Puzzle.Cells(2, 2), uint8_t('Z'));
+        QVERIFY(!PuzzleChanged);
     }
 
     // When a solved puzzle saves unasked, or an imported one asks, is the session's test.
@@ -515,19 +510,25 @@ private slots:
 
     // The Tools menu starting real programs, the help window reading the collection the build
     // made, and the about box.
-    void aToolIsAvailableExactlyWhenItsPathIsSet()
+    void aToolIsAvailableExactlyWhenItsPathIsSetAndAPathToNothingIsReportedByName()
     {
         auto *button = program->MainForm->findChild<QToolButton *>("DictBtn");
         QVERIFY(button && !act("DictionaryAct")->isEnabled() && !button->isEnabled());
 
         WriteSetting("DictPath", "/opt/dict");
+        WriteSetting("ThesPath", dir->path("missing"));
+        WriteSetting("ScraPath", dir->path("missing too"));
         program->MainForm->ApplyPreferences(false, 0);
         QVERIFY(act("DictionaryAct")->isEnabled() && button->isEnabled());
         QCOMPARE(button->toolTip(), QStringLiteral("Open dictionary"));
-        QVERIFY(!act("ThesaurusAct")->isEnabled());
+        QVERIFY(!act("CluevaultAct")->isEnabled());
+        act("ThesaurusAct")->trigger();
+        act("ScratchpadAct")->trigger();
+        QCOMPARE((*dialogs)->Errors, QStringList({"Thesaurus has not been properly configured.",
+                                                  "Scratchpad has not been properly configured."}));
     }
 
-    void aToolStartsOnceAndASecondChoiceDoesNotStartAnotherCopy()
+    void aToolStartsOnceWithItsArgumentsAndASecondChoiceDoesNotStartAnotherCopy()
     {
         const QString tool = makeTool("dict tool");
         WriteSetting("DictPath", tool);
@@ -547,30 +548,17 @@ private slots:
         QTRY_COMPARE(LaunchModule->RunningProcess(0), 0);
         act("DictionaryAct")->trigger();
         QTRY_COMPARE(starts(tool), 2);
-    }
 
-    // How a setting splits into program and arguments is the companion tools' test.
-    void aToolSettingIsAWholeCommandLine()
-    {
-        const QString tool = makeTool("thes");
-        WriteFileBytes(tool, QStringLiteral("#!/bin/sh\necho started \"$1\" >> '%1.log'\nexec sleep 30\n").arg(tool).toUtf8());
-        WriteSetting("ThesPath", tool + " \"big words\"");
+        // A setting is a whole command line (how it splits is the companion tools' test).
+        const QString thes = makeTool("thes");
+        WriteFileBytes(thes, QStringLiteral("#!/bin/sh\necho started \"$1\" >> '%1.log'\nexec sleep 30\n").arg(thes).toUtf8());
+        WriteSetting("ThesPath", thes + " \"big words\"");
         program->MainForm->ApplyPreferences(false, 0);
         act("ThesaurusAct")->trigger();
-        QTRY_VERIFY(ReadFileBytes(tool + ".log").contains("started big words"));
+        QTRY_VERIFY(ReadFileBytes(thes + ".log").contains("started big words"));
         QVERIFY((*dialogs)->Errors.isEmpty());
     }
 
-    void aPathToNothingIsReportedByTheToolsName()
-    {
-        WriteSetting("ThesPath", dir->path("missing"));
-        WriteSetting("ScraPath", dir->path("missing too"));
-        program->MainForm->ApplyPreferences(false, 0);
-        act("ThesaurusAct")->trigger();
-        act("ScratchpadAct")->trigger();
-        QCOMPARE((*dialogs)->Errors, QStringList({"Thesaurus has not been properly configured.",
-                                                  "Scratchpad has not been properly configured."}));
-    }
 
     void helpLinksLeadToItsPagesAndTheIndexFindsOurKeywords()
     {

@@ -8,11 +8,8 @@
 
 namespace {
 
-const char *const Clued =
-    "size 11\ngrid\n"
-    "CAT#DOG#EEL\nAREAREAREAR\nTEN#TEN#TEN\nAREAREAREAR\nAREAREAREAR\n"
-    "AREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\n"
-    "clues\n1A Purring pet\n1D Feline\n";
+const QString Clued = QStringLiteral("size 11\ngrid\nCAT#DOG#EEL\nAREAREAREAR\nTEN#TEN#TEN\n")
+                     + QStringLiteral("AREAREAREAR\n").repeated(8) + "clues\n1A Purring pet\n1D Feline\n";
 
 }  // namespace
 

@@ -10,14 +10,9 @@
 namespace {
 
 // Solved but for the square (3, 3).
-const char *const AlmostSolved =
-    "size 11\ngrid\n"
-    "CAT#DOG#EEL\nAREAREAREAR\nTEN#TEN#TEN\nAREAREAREAR\nAREAREAREAR\n"
-    "AREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\n"
-    "entries\n"
-    "CAT#DOG#EEL\nAREAREAREAR\nTE.#TEN#TEN\nAREAREAREAR\nAREAREAREAR\n"
-    "AREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\n"
-    "clues\n1A Purring pet\n";
+const QString Solution = QStringLiteral("CAT#DOG#EEL\nAREAREAREAR\nTEN#TEN#TEN\n") + QStringLiteral("AREAREAREAR\n").repeated(8);
+const QString AlmostSolved = "size 11\ngrid\n" + Solution + "entries\n"
+                             + QString(Solution).replace("TEN#TEN#TEN", "TE.#TEN#TEN") + "clues\n1A Purring pet\n";
 
 }  // namespace
 

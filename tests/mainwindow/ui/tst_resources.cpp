@@ -44,7 +44,7 @@ class TestResources : public QObject {
     Q_OBJECT
 
 private slots:
-    void glyphsDrawAndLookAlikesDiffer()
+    void glyphsAndCursorsDrawLookAlikesDifferAndCursorsPointWithTheirTips()
     {
         for (const char *name : {"MOUSEACR", "MOUSEDWN", "DIAGSYMMETRY", "HORSYMMETRY", "NOTSYMMETRY", "OFFSYMMETRY",
                                  "SQUARES", "LETTERS", "AUTOCLUE", "CHEAT", "DICT", "UPDATE", "CONSTRUCT", "SOLVE",
@@ -60,11 +60,8 @@ private slots:
                     for (int side : {16, 24})
                         QVERIFY2(DifferingShare(GlyphImage(group[i], side), GlyphImage(group[j], side)) > 0.05,
                                  qPrintable(QStringLiteral("%1 looks like %2 at %3 px").arg(group[i], group[j]).arg(side)));
-    }
 
-    void cursorsDrawAndPointWithTheirTips()
-    {
-        // Where the tip is in the 32 x 32 picture: the pencil's point bottom left, the fingertip top left.
+        // Cursors: where the tip is in the 32 x 32 picture: the pencil's point bottom left, the fingertip top left.
         const QList<std::pair<QString, QRect>> cursors = {{"PENCIL", QRect(0, 24, 8, 8)}, {"HANDPNT", QRect(0, 0, 16, 8)}};
         for (const auto &[name, tipArea] : cursors) {
             const QCursor cursor = AppCursor(name);

@@ -57,20 +57,16 @@ private slots:
         tearDownWindowTest();
     }
 
-    void nothingCheckedGivesEachMessageAndKeepsTheDialogOpen()
+    void nothingCheckedGivesEachMessageAndDefaultStoresTheChecksOnlyWhenChecked()
     {
         check({});
         QTest::mouseClick(form->PrevBtn, Qt::LeftButton);
         QTest::mouseClick(form->PrintBtn, Qt::LeftButton);
         QTest::mouseClick(form->PDFBtn, Qt::LeftButton);
-        QCOMPARE((*dialogs)->Errors, QStringList({QStringLiteral("Nothing to preview! Please select one or more formats."),
-                                                  QStringLiteral("Nothing to print! Please select one or more formats."),
-                                                  QStringLiteral("Nothing to print! Please select one or more formats.")}));
+        const QString print = QStringLiteral("Nothing to print! Please select one or more formats.");
+        QCOMPARE((*dialogs)->Errors, QStringList({"Nothing to preview! Please select one or more formats.", print, print}));
         QVERIFY((*dialogs)->FileRequests.isEmpty() && (*dialogs)->ExecutedDialogs.isEmpty() && form->isVisible());
-    }
 
-    void defaultWritesTheSixSettingsOnlyWhenChecked()
-    {
         check({form->MSChk, form->PPChk});
         form->GrayChk->setChecked(true);
         QTest::mouseClick(form->DefChk, Qt::LeftButton, {}, QPoint(6, form->DefChk->height() / 2));

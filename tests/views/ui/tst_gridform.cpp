@@ -62,7 +62,6 @@ class TestGridForm : public QObject, TWindowTest {
         QMouseEvent move(QEvent::MouseMove, at(c, r), form->mapToGlobal(at(c, r)), Qt::NoButton, button, keys);
         QApplication::sendEvent(form.get(), &move);
     }
-    void typeChar(QChar ch) { TypeChar(form.get(), ch); }
     static int fontSizeFor(int squareSize) { return ScaledFontSize(11, squareSize, XwdProcs->MaxSquareSize); }
 
 private slots:
@@ -78,7 +77,6 @@ private slots:
         ClosingAllowed = false;
         tearDownWindowTest();
     }
-    void cleanupTestCase() { ResetSettings(); }
 
     void showingArrangesTheWindowAndOnlyAllowedClosing()
     {
@@ -225,7 +223,7 @@ private slots:
         open(QStringLiteral("size 5\ngrid\n.B...\n.....\n.....\n.....\n.....\n"));
         click(1, 1);
         QTest::keyClick(form.get(), 'a');
-        typeChar(QChar(u'É'));  // not English: which letters pass is the editor's test
+        TypeChar(form.get(), QChar(u'É'));  // not English: which letters pass is the editor's test
         QCOMPARE(Puzzle.Cells(2, 1), uint8_t('B'));
         QTest::keyClick(form.get(), Qt::Key_Backspace);
         QCOMPARE(CellAt(form->Editor.CursorPos), QPoint(1, 1));
@@ -242,7 +240,7 @@ private slots:
         form->hide();
         form->show();
         click(1, 1);
-        typeChar(QChar(u'É'));
+        TypeChar(form.get(), QChar(u'É'));
         QCOMPARE(Puzzle.Cells(1, 1), uint8_t(201));
     }
 
@@ -260,7 +258,7 @@ private slots:
             QTRY_VERIFY2_WITH_TIMEOUT(paints > 0, what, 1000);
         };
         repaints("a click picks a word", [&] { click(2, 2); });
-        repaints("a typed letter", [&] { typeChar(u'K'); });
+        repaints("a typed letter", [&] { TypeChar(form.get(), u'K'); });
         repaints("an arrow", [&] { QTest::keyClick(form.get(), Qt::Key_Down); });
         PuzzleMode = DesignMode;
         repaints("a black square", [&] { click(3, 3); });

@@ -9,7 +9,7 @@ class TestWebCommands : public TProgramTest {
     Q_OBJECT
 
 private slots:
-    void bothCommandsSitInTheExportMenuAndThePlayerNeedsNoPuzzle()
+    void theExportMenuWritesThePlayerWithoutAPuzzleAndAPuzzlesPageOrSaysWhyNot()
     {
         QMenu *menu = program->MainForm->Menu("ExportMenu");
         QVERIFY(menu->actions().contains(act("ExporttoWebAct")));
@@ -18,10 +18,8 @@ private slots:
         (*dialogs)->Files.append(TFileChoice{dir->path("player"), 1});
         act("GeneratePlayerAct")->trigger();
         QCOMPARE(ReadFileBytes(dir->path("player.html")), PlayerPage());
-    }
 
-    void exportWritesThePuzzlesPageOrSaysWhyNot()
-    {
+        // With a puzzle open, Export to Web writes its page, or says why not.
         const QString path = dir->path("sunday-stroll.xwd");
         QVERIFY(QFile::copy(QUILLMARK_EXAMPLES "/sunday-stroll.xwd", path));
         (*dialogs)->Files.append(TFileChoice{path, 1});

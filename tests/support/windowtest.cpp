@@ -6,11 +6,6 @@ void TypeChar(QWidget *widget, QChar ch)
     QApplication::sendEvent(widget, &press);
 }
 
-void ClickLine(QListWidget *list, int row)
-{
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
-}
-
 int RedPixels(const QImage &image, const QRect &area)
 {
     int count = 0;
@@ -41,17 +36,6 @@ void TWindowTest::tearDownWindowTest()
     dialogs.reset();
     dir.reset();
     PuzzleMode = ConstructMode;
-}
-
-void TWindowTest::startProgram()
-{
-    program = std::make_unique<TProgram>();
-    program->Start({});
-}
-
-QString TWindowTest::writePuzzle(const QString &name, const QString &text) const
-{
-    return WritePuzzleText(dir->path(name), text);
 }
 
 void TWindowTest::openPuzzle(const QString &path, bool solving)

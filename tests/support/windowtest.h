@@ -45,7 +45,10 @@ public:
 // A typed character as a keyboard without its key sends it.
 void TypeChar(QWidget *widget, QChar ch);
 // A left click in the middle of a list's line.
-void ClickLine(QListWidget *list, int row);
+inline void ClickLine(QListWidget *list, int row)
+{
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+}
 // How many pixels of `area` are a strong red (error marks, repeats, guidelines).
 int RedPixels(const QImage &image, const QRect &area);
 
@@ -61,13 +64,13 @@ protected:
     // From cleanup().
     void tearDownWindowTest();
     // The whole program, started without arguments.
-    void startProgram();
+    void startProgram() { (program = std::make_unique<TProgram>())->Start({}); }
 
     TXwdMainForm *main() const { return program->MainForm; }
     TXwdGridForm *grid() const { return program->GridForm; }
     QAction *act(const char *name) const { return main()->findChild<QAction *>(QString::fromLatin1(name)); }
     // A puzzle file in the scratch folder, from its text form.
-    QString writePuzzle(const QString &name, const QString &text) const;
+    QString writePuzzle(const QString &name, const QString &text) const { return WritePuzzleText(dir->path(name), text); }
     // Opens a file through the Open commands, for solving or for constructing.
     void openPuzzle(const QString &path, bool solving = false);
 };

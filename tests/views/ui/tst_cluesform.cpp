@@ -1,6 +1,4 @@
-// The clue list window in the whole program while a puzzle is solved: its items, their
-// heights and line breaks as drawn, and clicks and keys that reach the grid. How a clue is
-// measured and broken is the core tests'; here what the list shows.
+// The clue list while solving: its lines as drawn, and clicks and keys that reach the grid.
 
 #include "windowtest.h"
 #include "views/ui/tcluesform.h"

@@ -9,22 +9,17 @@ class TestWebCommands : public TProgramTest {
     Q_OBJECT
 
 private slots:
-    void bothCommandsSitInTheExportMenuAndThePlayerNeedsNoPuzzle()
+    void theExportMenuWritesThePlayerWithoutAPuzzleAndAPuzzlesPageOrSaysWhyNot()
     {
         QMenu *menu = program->MainForm->Menu("ExportMenu");
         QVERIFY(menu->actions().contains(act("ExporttoWebAct")));
-        QVERIFY(menu->actions().contains(act("GeneratePlayerAct")));
-        QCOMPARE(act("ExporttoWebAct")->text(), "Export to &Web...");
-        QCOMPARE(act("GeneratePlayerAct")->text(), "&Generate Player...");
-        QVERIFY(!act("ExporttoWebAct")->isEnabled());
+        QVERIFY(menu->actions().contains(act("GeneratePlayerAct")) && !act("ExporttoWebAct")->isEnabled());
 
         (*dialogs)->Files.append(TFileChoice{dir->path("player"), 1});
         act("GeneratePlayerAct")->trigger();
         QCOMPARE(ReadFileBytes(dir->path("player.html")), PlayerPage());
-    }
 
-    void exportWritesThePuzzlesPageOrSaysWhyNot()
-    {
+        // With a puzzle open, Export to Web writes its page, or says why not.
         const QString path = dir->path("sunday-stroll.xwd");
         QVERIFY(QFile::copy(QUILLMARK_EXAMPLES "/sunday-stroll.xwd", path));
         (*dialogs)->Files.append(TFileChoice{path, 1});
@@ -51,8 +46,7 @@ private slots:
         act("ExporttoWebAct")->trigger();
         QCOMPARE((*dialogs)->FileRequests.size(), asked);
         QCOMPARE((*dialogs)->Errors.size(), 2);
-        QVERIFY((*dialogs)->Errors.last().contains(u"not finished"));
-        QVERIFY((*dialogs)->Errors.last().contains(u"row "));
+        QVERIFY((*dialogs)->Errors.last().contains(u"not finished") && (*dialogs)->Errors.last().contains(u"row "));
     }
 };
 

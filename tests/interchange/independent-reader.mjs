@@ -1,12 +1,7 @@
-// Independent readers of the .puz and .ipuz files quillmark-cli writes: each example is
-// converted, parsed by a crossword library from npm (@confuzzle/puz-crossword for .puz,
-// @xwordly/xword-parser for .ipuz), and compared with the puzzle's own text form (grid,
-// clues, author, title). The .puz checksums are checked here as well, from the format's
-// public description, since neither library checks them.
-//
-// A German grid (capitals beyond ASCII) with curly quotes and dashes in its clues is read
-// back too: the grid must stay one byte a square, which only the Latin-1 version keeps.
-//
+// Each example converted to .puz and .ipuz by quillmark-cli, read by npm's crossword libraries
+// (@confuzzle/puz-crossword, @xwordly/xword-parser) and compared with its text form; the .puz
+// checksums, which neither library checks, are computed here. A German grid with curly quotes
+// must stay one byte a square, in the Latin-1 version.
 // Usage: node independent-reader.mjs QUILLMARK_CLI EXAMPLES_DIR TEST_DATA_DIR
 
 import { execFileSync } from 'node:child_process';
@@ -28,15 +23,7 @@ const [cli, examples, testData] = process.argv.slice(2);
 const scratch = mkdtempSync(join(tmpdir(), 'quillmark-interchange-'));
 let passed = 0;
 let failed = 0;
-
-function check(ok, what) {
-  if (ok) {
-    passed++;
-  } else {
-    failed++;
-    console.log(`FAIL: ${what}`);
-  }
-}
+const check = (ok, what) => (ok ? passed++ : (failed++, console.log(`FAIL: ${what}`)));
 
 // The puzzle as quillmark-cli's text form gives it: grid rows, clues by "1A", byline.
 function textForm(xwd) {
@@ -64,9 +51,7 @@ function checksum(bytes, start = 0) {
 
 // Every checksum of a .puz file, computed afresh and compared with the stored ones.
 function checkPuzChecksums(buf, name) {
-  const w = buf[0x2c];
-  const h = buf[0x2d];
-  const nclues = buf.readUInt16LE(0x2e);
+  const [w, h, nclues] = [buf[0x2c], buf[0x2d], buf.readUInt16LE(0x2e)];
   const version = buf.subarray(0x18, 0x1b).toString('latin1');
   let at = 0x34;
   const solution = buf.subarray(at, (at += w * h));

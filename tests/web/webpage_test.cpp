@@ -52,13 +52,6 @@ TEST(WebPage, AnswersAreNotReadableInThePageSource)
     EXPECT_EQ(pattern[0].toString(), QStringLiteral("....#.....#...."));
 }
 
-TEST(WebPage, PlayerCarriesNoPuzzle)
-{
-    const QString page = QString::fromUtf8(PlayerPage());
-    EXPECT_TRUE(page.contains(QStringLiteral(R"(id="puzzle-data">null</script>)")));
-    EXPECT_TRUE(page.contains(QStringLiteral("Puzzle not in Quillmark format or is corrupt.")));
-}
-
 TEST(WebPage, CliWritesPagesOrNothingWithTheUsualExitCodes)
 {
     TScratchDir dir;

@@ -56,19 +56,15 @@ protected:
 TEST_F(PdfOutput, LetterPagesCountedPerFormatWithTitleAndSubject)
 {
     const TPuzzle p = SamplePuzzle();
-    struct Case {
-        std::initializer_list<TPageFormat> formats;
-        int pages;
-    };
     const int manuscriptPages = int(ComposePages(p, job({TPageFormat::Manuscript})).size());
     ASSERT_GE(manuscriptPages, 2);
-    for (const Case &c : {Case{{TPageFormat::PuzzlePage}, 1},
-                          Case{{TPageFormat::NumberedGrid, TPageFormat::PuzzlePage}, 2},
-                          Case{{TPageFormat::Manuscript, TPageFormat::SolutionGrid}, manuscriptPages + 1}}) {
+    for (const auto &[chosen, pages] : {std::pair{job({TPageFormat::PuzzlePage}), 1},
+                                         {job({TPageFormat::NumberedGrid, TPageFormat::PuzzlePage}), 2},
+                                         {job({TPageFormat::Manuscript, TPageFormat::SolutionGrid}), manuscriptPages + 1}}) {
         const QString path = dir.path(QStringLiteral("out.pdf"));
-        PrintToPdf(p, job(c.formats), path);
+        PrintToPdf(p, chosen, path);
         const QString info = run(QStringLiteral("pdfinfo"), {path});
-        EXPECT_EQ(infoField(info, QStringLiteral("Pages")).toInt(), c.pages);
+        EXPECT_EQ(infoField(info, QStringLiteral("Pages")).toInt(), pages);
         EXPECT_TRUE(infoField(info, QStringLiteral("Page size")).contains(QStringLiteral("letter"))) << info.toStdString();
         EXPECT_EQ(infoField(info, QStringLiteral("Title")), QStringLiteral("Sunday Stroll"));
         EXPECT_FALSE(info.contains(QStringLiteral("Error"))) << info.toStdString();
@@ -104,8 +100,8 @@ TEST_F(PdfOutput, ManuscriptTextHoldsEveryNumberAndAnswer)
             numbers[label.endsWith(u'D')].append(label.chopped(1).toInt());
         }
     }
-    std::sort(numbers[0].begin(), numbers[0].end());
-    std::sort(numbers[1].begin(), numbers[1].end());
+    for (QList<int> &list : numbers)
+        std::ranges::sort(list);
     QStringList answers[2];
     for (const QString &row : rows)
         for (const QString &word : row.split(u'#'))
@@ -149,11 +145,8 @@ TEST_F(PdfOutput, BlackSquaresPrintDarkAndOpenSquaresLight)
                                      dir.path(QStringLiteral("ng"))});
     QImage image(dir.path(QStringLiteral("ng-1.png")));
     ASSERT_FALSE(image.isNull());
-    const TPage page = ComposePages(p, j).first();
-    QList<TPageObject> squares;
-    for (const TPageObject &o : page.Objects)
-        if (o.Kind == TPageObject::RectangleItem && o.PenWidth == 2)
-            squares.append(o);
+    QList<TPageObject> squares = ComposePages(p, j).first().Objects;
+    squares.removeIf([](const TPageObject &o) { return o.Kind != TPageObject::RectangleItem || o.PenWidth != 2; });
     ASSERT_EQ(squares.size(), p.Size * p.Size);
     int i = 0;
     for (int r = 1; r <= p.Size; ++r)
@@ -183,15 +176,10 @@ TEST_F(PdfOutput, CommandLineWritesTheChosenFormatsOrNothing)
     // unwritable folder: each its exit code, and no file.
     const QString missing = dir.path(QStringLiteral("missing.xwd"));
     const QString badFolder = dir.path(QStringLiteral("no/such/folder/x.pdf"));
-    struct Case {
-        QStringList args;
-        int code;
-    };
-    for (const Case &c : {Case{{in, out}, 1}, Case{{QStringLiteral("--formats"), QStringLiteral("ms,xx"), in, out}, 1},
-                          Case{{QStringLiteral("--formats"), QStringLiteral("pp"), missing, out}, 2},
-                          Case{{QStringLiteral("--formats"), QStringLiteral("pp"), in, badFolder}, 3}}) {
-        run(QStringLiteral(QUILLMARK_CLI), QStringList{QStringLiteral("export-pdf")} + c.args, &code);
-        EXPECT_EQ(code, c.code) << c.args.join(u' ').toStdString();
+    for (const auto &[args, expected] : {std::pair{QStringList{in, out}, 1}, {{"--formats", "ms,xx", in, out}, 1},
+                                         {{"--formats", "pp", missing, out}, 2}, {{"--formats", "pp", in, badFolder}, 3}}) {
+        run(QStringLiteral(QUILLMARK_CLI), QStringList{QStringLiteral("export-pdf")} + args, &code);
+        EXPECT_EQ(code, expected) << args.join(u' ').toStdString();
         EXPECT_FALSE(QFile::exists(out));
         EXPECT_FALSE(QFile::exists(badFolder));
     }

@@ -19,9 +19,9 @@ QString corner(const TScratchDir &dir)
     return writePuzzle(dir, QStringLiteral("corner.xwd"), {"..T########", "...########", "...########"});
 }
 
-QString wordList(const TScratchDir &dir, const QByteArray &text)
+QString wordList(const TScratchDir &dir, const QByteArray &text, const char *name = "words.txt")
 {
-    const QString path = dir.path(QStringLiteral("words.txt"));
+    const QString path = dir.path(name);
     WriteFileBytes(path, text);
     return path;
 }
@@ -63,8 +63,7 @@ TEST(FillCli, ExitCodesForTheTimeLimitBadArgumentsAndUnreadableOrUnwritableFiles
     QByteArray twoLetter;
     for (char a = 'A'; a < 'A' + 23; ++a)
         twoLetter += QByteArray(1, a) + "Z\n";
-    const QString twoLetterList = dir.path(QStringLiteral("two.txt"));
-    WriteFileBytes(twoLetterList, twoLetter);
+    const QString twoLetterList = wordList(dir, twoLetter, "two.txt");
 
     const struct {
         const char *what;

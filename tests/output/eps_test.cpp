@@ -3,8 +3,6 @@
 #include "output/eps.h"
 #include "testsupport.h"
 
-#include <QDir>
-#include <QFile>
 #include <QImage>
 #include <QProcess>
 
@@ -118,21 +116,4 @@ TEST(EpsExport, AGermanAnswerGridPrintsEveryLetterThroughItsOwnCharacterSet)
                     GridKind::AnswerGrid, EpsStyle::Regular, "E.eps", "1.1.2026");
     EXPECT_TRUE(english.contains("\r\n/Helvetica-Bold findfont 16 scalefont setfont\r\n"));
     EXPECT_FALSE(english.contains("1252"));
-}
-
-TEST(ExportSet, AFailedSetLeavesEveryFileAsItWas)
-{
-    const TScratchDir dir;
-    const QList<TExportFile> set = EpsExportSet(openEleven(), dir.path("P.eps"), EpsStyle::Regular, "d");
-    ASSERT_TRUE(WriteFileBytes(dir.path("P.TXT"), "old clues"));
-    // The answer picture cannot be written: its name is taken by a folder.
-    ASSERT_TRUE(QDir(dir.path("")).mkdir("P-A.EPS"));
-
-    EXPECT_THROW(WriteExportSet(set), TPuzzleIOError);
-    EXPECT_EQ(ReadFileBytes(dir.path("P.TXT")), "old clues") << "the clue list of the earlier export stays";
-    EXPECT_FALSE(QFile::exists(dir.path("P.EPS"))) << "a file the set created goes again";
-
-    ASSERT_TRUE(QDir(dir.path("")).rmdir("P-A.EPS"));
-    WriteExportSet(set);
-    EXPECT_EQ(ReadFileBytes(dir.path("P.TXT")), set[0].Bytes);
 }

@@ -100,19 +100,10 @@ function readPuz(bytes) {
 
 function compare(puzzle, expected, name, title) {
   check(puzzle.grid.width === expected.size && puzzle.grid.height === expected.size, `${name}: grid size`);
-  for (let r = 0; r < expected.size; r++) {
-    for (let c = 0; c < expected.size; c++) {
-      const want = expected.grid[r][c];
-      const cell = puzzle.grid.cells[r][c];
-      if (want === '#') {
-        check(cell.isBlack, `${name}: black square at row ${r + 1}, column ${c + 1}`);
-      } else {
-        const letter = want === '.' ? '' : want;
-        check(!cell.isBlack && (cell.solution ?? '') === letter,
-              `${name}: row ${r + 1}, column ${c + 1} is "${cell.solution}", not "${letter}"`);
-      }
-    }
-  }
+  expected.grid.forEach((want, r) => {
+    const row = (puzzle.grid.cells[r] ?? []).map((cell) => (cell.isBlack ? '#' : cell.solution || '.')).join('');
+    check(row === want, `${name}: row ${r + 1} reads ${row}, not ${want}`);
+  });
   const got = new Map();
   for (const [list, d] of [[puzzle.clues.across, 'A'], [puzzle.clues.down, 'D']])
     for (const clue of list) if (clue.text) got.set(`${clue.number}${d}`, clue.text);

@@ -52,16 +52,25 @@ class Browser:
         except Exception:
             self.process.kill()
 
-    def _read_message(self, deadline):
-        while b"\0" not in self.buffer:
-            if time.time() > deadline:
-                raise TimeoutError("the browser did not answer")
-            chunk = os.read(self.from_browser, 1 << 16)
-            if not chunk:
-                raise RuntimeError("the browser closed its pipe")
-            self.buffer += chunk
-        message, self.buffer = self.buffer.split(b"\0", 1)
-        return json.loads(message)
+    def wait(self, matches, timeout=30):
+        """The first message that `matches`; the others are kept as events."""
+        deadline = time.time() + timeout
+        for i, event in enumerate(self.events):
+            if matches(event):
+                return self.events.pop(i)
+        while True:
+            while b"\0" not in self.buffer:
+                if time.time() > deadline:
+                    raise TimeoutError("the browser did not answer")
+                chunk = os.read(self.from_browser, 1 << 16)
+                if not chunk:
+                    raise RuntimeError("the browser closed its pipe")
+                self.buffer += chunk
+            text, self.buffer = self.buffer.split(b"\0", 1)
+            message = json.loads(text)
+            if matches(message):
+                return message
+            self.events.append(message)
 
     def call(self, method, params=None, session=True, timeout=30):
         self.next_id += 1
@@ -69,22 +78,10 @@ class Browser:
         if session and self.session:
             message["sessionId"] = self.session
         os.write(self.to_browser, json.dumps(message).encode() + b"\0")
-        deadline = time.time() + timeout
-        while True:
-            reply = self._read_message(deadline)
-            if reply.get("id") == self.next_id:
-                if "error" in reply:
-                    raise RuntimeError("%s: %s" % (method, reply["error"]))
-                return reply.get("result", {})
-            self.events.append(reply)
-
-    def wait_event(self, method, timeout=30):
-        deadline = time.time() + timeout
-        while True:
-            for i, event in enumerate(self.events):
-                if event.get("method") == method:
-                    return self.events.pop(i)
-            self.events.append(self._read_message(deadline))
+        reply = self.wait(lambda m: m.get("id") == message["id"], timeout)
+        if "error" in reply:
+            raise RuntimeError("%s: %s" % (method, reply["error"]))
+        return reply.get("result", {})
 
     def open_page(self):
         target = self.call("Target.createTarget", {"url": "about:blank"})["targetId"]
@@ -96,7 +93,7 @@ class Browser:
         """The page in the file at `path`, or the current page again."""
         self.events = [e for e in self.events if e.get("method") != "Page.loadEventFired"]
         self.call("Page.navigate", {"url": "file://" + path}) if path else self.call("Page.reload")
-        self.wait_event("Page.loadEventFired")
+        self.wait(lambda m: m.get("method") == "Page.loadEventFired")
 
     def eval(self, expression):
         result = self.call("Runtime.evaluate", {"expression": expression, "returnByValue": True,
@@ -192,10 +189,25 @@ def clue(word):
     return '#%s-list li[value="%d"]' % (word["direction"], word["number"])
 
 
+def focus(browser):
+    return browser.eval("document.activeElement.id")
+
+
+def text_at(c, r):
+    return lambda browser: browser.text(cell(c, r))
+
+
+def steps(browser, table):
+    """Each row's keys pressed (a letter types itself, Shift+ holds Shift), then its reading checked."""
+    for keys, what, read, expected in table:
+        for key in keys.split():
+            browser.key(key.removeprefix("Shift+"), shift=key.startswith("Shift+"))
+        equal(what, read(browser), expected)
+
+
 def exported_page(browser, work, info, shots):
     words = info["entries"]
     browser.load(os.path.join(work, "fifteen.html"))
-    equal("page title", browser.eval("document.title"), "fifteen")
     equal("byline", browser.text("#byline"), info["byline"])
     equal("squares", browser.eval("document.querySelectorAll('#grid [data-column][data-row]').length"), 225)
     listed = browser.eval("Array.from(document.querySelectorAll('#across-list li, #down-list li'))"
@@ -220,31 +232,23 @@ def exported_page(browser, work, info, shots):
     # Past a word's last square the cursor goes on to the next word, so the last letter
     # stays; Backspace from a word's first square goes back into the word before.
     second = [w for w in words if w["direction"] == "across"][1]
-    equal("past the end, the next word", active_across(browser), str(second["number"]))
-    browser.type("x")
-    equal("the last letter is not overwritten", browser.text(cell(length, 1)), first["answer"][-1])
-    equal("the letter went to the next word", browser.text(cell(second["column"], second["row"])), "X")
-    # Then Home and End within the word, Tab and Shift+Tab from word to word, and the arrows.
-    for keys, what, got, expected in (
-            ("Backspace Backspace", "Backspace goes back into the word before", current_square, [length, 1]),
-            ("", "and clears its last letter", lambda b: b.text(cell(length, 1)), ""),
-            ("Home", "Home goes to the word's start", current_square, [1, 1]),
-            ("End", "End goes to the word's end", current_square, [length, 1]),
-            (first["answer"][-1].lower() + " Shift+Tab", "Shift+Tab comes back", current_square, [1, 1]),
-            ("Tab", "Tab goes to the next across clue", active_across, str(second["number"])),
-            ("Shift+Tab ArrowDown ArrowDown", "the first arrow down turns, the second moves", current_square, [1, 2])):
-        for key in keys.split():
-            browser.key(key.removeprefix("Shift+"), shift=key.startswith("Shift+"))
-        equal(what, got(browser), expected)
+    steps(browser, (
+        ("", "past the end, the next word", active_across, str(second["number"])),
+        ("x", "the last letter is not overwritten", text_at(length, 1), first["answer"][-1]),
+        ("", "the letter went to the next word", text_at(second["column"], second["row"]), "X"),
+        ("Backspace Backspace", "Backspace goes back into the word before", current_square, [length, 1]),
+        ("", "and clears its last letter", text_at(length, 1), ""),
+        ("Home", "Home goes to the word's start", current_square, [1, 1]),
+        ("End", "End goes to the word's end", current_square, [length, 1]),
+        (first["answer"][-1].lower() + " Shift+Tab", "Shift+Tab comes back", current_square, [1, 1]),
+        ("Tab", "Tab goes to the next across clue", active_across, str(second["number"])),
+        ("Shift+Tab ArrowDown ArrowDown", "the first arrow down turns, the second moves", current_square, [1, 2])))
 
     # A wrong letter is marked by Check Puzzle; the accent of the puzzle's language is typed.
     accented = [w for w in words if w["direction"] == "across" and w["row"] == 3][0]
     browser.click(clue(accented))
-    equal("a clicked clue goes to its word", current_square(browser), [1, 3])
-    browser.type("q")
-    browser.key("ArrowRight")
-    browser.key("é")
-    equal("accented capital", browser.text(cell(3, 3)), "É")
+    steps(browser, (("", "a clicked clue goes to its word", current_square, [1, 3]),
+                    ("q ArrowRight é", "accented capital", text_at(3, 3), "É")))
     grid_top = "document.getElementById('grid').getBoundingClientRect().top + scrollY"
     top_before = browser.eval(grid_top)
     browser.click('button[data-action="check"][data-scope="puzzle"]')
@@ -283,11 +287,9 @@ def exported_page(browser, work, info, shots):
     true("some letters were kept", len(after) > length)
 
     # Esc leaves the grid for the tools, and a letter typed there still goes to the grid.
-    browser.key("Escape")
-    equal("Esc goes to the tools", browser.eval("document.activeElement.id"), "pause-button")
-    browser.type(first["answer"][0].lower())
-    equal("a letter after Esc goes to the grid", browser.eval("document.activeElement.id"), "entry")
-    equal("and lands in the square", current_square(browser), [2, 1])
+    steps(browser, (("Escape", "Esc goes to the tools", focus, "pause-button"),
+                    (first["answer"][0].lower(), "a letter after Esc goes to the grid", focus, "entry"),
+                    ("", "and lands in the square", current_square, [2, 1])))
     if shots:
         browser.screenshot(os.path.join(shots, "web-desktop-progress.png"), 1280, 900, False)
 
@@ -336,7 +338,7 @@ def phone_page(browser, work, info, shots):
 
     # A clue tapped far down the lists brings its square back into sight, clear of the bar,
     # and the letters typed go there.
-    equal("phone: the typing field has the focus", browser.eval("document.activeElement.id"), "entry")
+    equal("phone: the typing field has the focus", focus(browser), "entry")
     time.sleep(1.2)
     equal("phone: the clock waits for the first letter", browser.text("#clock"), "0:00")
     for word in ([w for w in words if w["direction"] == "down"][-1], [w for w in words if w["direction"] == "across"][0]):
@@ -359,7 +361,7 @@ def phone_page(browser, work, info, shots):
     before = active_across(browser)
     browser.tap("#next-clue")
     true("phone: the clue bar's next button moves on", active_across(browser) != before)
-    equal("phone: the clue bar's buttons keep the keyboard", browser.eval("document.activeElement.id"), "entry")
+    equal("phone: the clue bar's buttons keep the keyboard", focus(browser), "entry")
     equal("phone: buttons a finger can hit", browser.eval(
         "Array.from(document.querySelectorAll('#player button')).filter(b => b.offsetParent)"
         ".filter(b => b.getBoundingClientRect().height < 44).map(b => b.id || b.textContent)"), [])

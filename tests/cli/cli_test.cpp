@@ -163,9 +163,7 @@ TEST(Cli, DeflistAndBylineReachTheClueTools)
     const TCliRun list = RunCli({"deflist", in});
     ASSERT_EQ(list.code, 0) << list.err.toStdString();
     const QStringList lines = list.text().split(u'\n');
-    EXPECT_EQ(lines.value(0), "ACROSS");
-    EXPECT_EQ(lines.value(1), "    1  Purring pet  | CAT");
-    EXPECT_EQ(lines.value(2), QString::fromUtf8("    4  Barking “pet”  | DOG"));
+    EXPECT_EQ(lines.mid(0, 3), (QStringList{"ACROSS", "    1  Purring pet  | CAT", QString::fromUtf8("    4  Barking “pet”  | DOG")}));
     EXPECT_TRUE(lines.contains("DOWN"));
 
     const QString out = dir.path("out.xwd");

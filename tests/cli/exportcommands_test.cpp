@@ -25,6 +25,7 @@ TEST(ExportCommands, WriteTheFilesTheWindowWrites)
     files.sort();
     EXPECT_EQ(files, QStringList({"s-A.EPS", "s-A.WMF", "s.EPS", "s.RTF", "s.TXT", "s.WMF", "s.png"}));
     EXPECT_TRUE(ReadFileBytes(dir.path("s.EPS")).contains("%%Title: s.eps [light]\r\n"));
+    EXPECT_TRUE(ReadFileBytes(dir.path("s.RTF")).contains("{\\info{\\title s}")) << "named after the chosen file";
     const TPuzzle p = DecodePuzzle(ReadFileBytes(example()));
     EXPECT_EQ(QImage(dir.path("s.png")).width(), 30 * p.Size + 2);
 

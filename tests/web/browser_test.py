@@ -25,8 +25,6 @@ def output(*args):
 class Browser:
     """One headless chromium, spoken to with JSON messages ended by NUL on fds 3 and 4."""
 
-    KEYS = {"Tab": 9, "Backspace": 8, "ArrowRight": 39, "ArrowDown": 40, "Escape": 27, "Home": 36, "End": 35}
-
     def __init__(self, chromium, profile):
         to_browser_r, self.to_browser = os.pipe()
         self.from_browser, from_browser_w = os.pipe()
@@ -123,10 +121,8 @@ class Browser:
 
     def key(self, key, shift=False):
         down = {"type": "keyDown", "key": key, "modifiers": 8 if shift else 0}
-        if key in self.KEYS:
-            down["windowsVirtualKeyCode"] = self.KEYS[key]
-        else:
-            down["text"] = key
+        if len(key) == 1:
+            down["text"] = key  # the page reads the key's name; only a character types text
         self.call("Input.dispatchKeyEvent", down)
         self.call("Input.dispatchKeyEvent", {"type": "keyUp", "key": key, "modifiers": down["modifiers"]})
 
@@ -138,15 +134,17 @@ class Browser:
         self.call("Emulation.setDeviceMetricsOverride",
                   {"width": width, "height": height, "deviceScaleFactor": 1, "mobile": mobile})
 
-    def screenshot(self, path, width, height, mobile):
-        """The whole page at a viewport of width x height; returns the page's own width."""
+    def page_width(self, width, height, mobile, shots, name):
+        """The page's own width at a viewport of width x height; the whole page is kept in
+        shots/name when a folder for screenshots is given."""
         self.viewport(width, height, mobile)
         time.sleep(0.2)
         full = self.eval("[document.documentElement.scrollWidth, document.documentElement.scrollHeight]")
-        shot = self.call("Page.captureScreenshot", {"format": "png", "captureBeyondViewport": True, "clip": {
-            "x": 0, "y": 0, "width": full[0], "height": full[1], "scale": 1}})
-        with open(path, "wb") as f:
-            f.write(base64.b64decode(shot["data"]))
+        if shots:
+            shot = self.call("Page.captureScreenshot", {"format": "png", "captureBeyondViewport": True, "clip": {
+                "x": 0, "y": 0, "width": full[0], "height": full[1], "scale": 1}})
+            with open(os.path.join(shots, name), "wb") as f:
+                f.write(base64.b64decode(shot["data"]))
         return full[0]
 
     def print_pdf(self, path):
@@ -290,8 +288,7 @@ def exported_page(browser, work, info, shots):
     steps(browser, (("Escape", "Esc goes to the tools", focus, "pause-button"),
                     (first["answer"][0].lower(), "a letter after Esc goes to the grid", focus, "entry"),
                     ("", "and lands in the square", current_square, [2, 1])))
-    if shots:
-        browser.screenshot(os.path.join(shots, "web-desktop-progress.png"), 1280, 900, False)
+    browser.page_width(1280, 900, False, shots, "web-desktop-progress.png")
 
     # Complete the puzzle from the clue lists and see it solved.
     for word in in_lists:
@@ -310,15 +307,13 @@ def exported_page(browser, work, info, shots):
     equal("grid and clues on one page", pages, 1)
     true("printed page has no tools", "Reveal" not in printed and "Pause" not in printed)
 
-    if shots:
-        equal("desktop page fits its width", browser.screenshot(os.path.join(shots, "web-desktop.png"), 1280, 900, False),
-              1280)
-        browser.eval("window.scrollTo(0, 0)")
-        equal("phone page fits its width", browser.screenshot(os.path.join(shots, "web-phone.png"), 390, 844, True), 390)
-        true("phone: the clues stand under the grid",
-             browser.eval("document.querySelector('.clue-lists').getBoundingClientRect().top >"
-                          " document.getElementById('grid').getBoundingClientRect().bottom"))
-        browser.call("Emulation.clearDeviceMetricsOverride")
+    equal("desktop page fits its width", browser.page_width(1280, 900, False, shots, "web-desktop.png"), 1280)
+    browser.eval("window.scrollTo(0, 0)")
+    equal("phone page fits its width", browser.page_width(390, 844, True, shots, "web-phone.png"), 390)
+    true("phone: the clues stand under the grid",
+         browser.eval("document.querySelector('.clue-lists').getBoundingClientRect().top >"
+                      " document.getElementById('grid').getBoundingClientRect().bottom"))
+    browser.call("Emulation.clearDeviceMetricsOverride")
 
 
 def phone_page(browser, work, info, shots):
@@ -369,7 +364,7 @@ def phone_page(browser, work, info, shots):
         "parseFloat(getComputedStyle(document.querySelector('#grid [data-number]'), '::before').fontSize) >= 9"))
     if shots:
         browser.eval("window.scrollTo(0, 0)")
-        browser.screenshot(os.path.join(shots, "web-phone-typing.png"), 390, 844, True)
+        browser.page_width(390, 844, True, shots, "web-phone-typing.png")
 
     # Clear, after a question, empties the grid and puts the clock back.
     browser.tap("#clear-button")

@@ -24,10 +24,9 @@ TEST(WordListCli, MatchListsBestScoreFirstThenAlphabetical)
     EXPECT_EQ(RunCli(withList(dir, {"match", "c?t"})).out, "COT\t70\nCAT\t60\nCUT\t50\n");
     EXPECT_EQ(RunCli(withList(dir, {"match", "--min-score", "55", "C?T"})).out, "COT\t70\nCAT\t60\n");
     EXPECT_EQ(RunCli(withList(dir, {"match", "--count", "???"})).out, "5\n");
-    const QJsonObject o = QJsonDocument::fromJson(RunCli(withList(dir, {"match", "--json", "?O?"})).out).object();
-    EXPECT_EQ(o["count"].toInt(), 2);
-    EXPECT_EQ(o["words"].toArray()[0].toObject()["word"].toString(), "DOG");
-    EXPECT_EQ(o["words"].toArray()[0].toObject()["score"].toInt(), 90);
+    EXPECT_EQ(QJsonDocument::fromJson(RunCli(withList(dir, {"match", "--json", "?O?"})).out).object(),
+              (QJsonObject{{"count", 2}, {"words", QJsonArray{QJsonObject{{"word", "DOG"}, {"score", 90}},
+                                                              QJsonObject{{"word", "COT"}, {"score", 70}}}}}));
 }
 
 TEST(WordListCli, BadPatternsAndListsEndWithTheirExitCodes)

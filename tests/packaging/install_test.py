@@ -26,8 +26,7 @@ def usage_lines(help_text):
 
 
 def rendered_man_page(path):
-    env = dict(os.environ, MANWIDTH="250", LC_ALL="C", MANPAGER="cat", PAGER="cat")
-    text = run(["man", "-l", path], env=env).stdout
+    text = run(["man", "-l", path], env=dict(os.environ, MANWIDTH="250", LC_ALL="C", MANPAGER="cat", PAGER="cat")).stdout
     text = re.sub(".\b", "", text)  # overstrikes for bold and underline
     return [re.sub(r"\s+", " ", line).strip() for line in text.splitlines()]
 

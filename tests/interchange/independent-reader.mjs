@@ -87,11 +87,8 @@ function checkPuzChecksums(buf, name) {
 // all across before all down, which is not the format's order, so it is not used for .puz.)
 function readPuz(bytes) {
   const cw = PuzCrossword.from(bytes);
-  const cells = [];
-  for (let r = 0; r < cw.height; r++) {
-    cells.push([...cw.solution.slice(r * cw.width, (r + 1) * cw.width)].map((ch) =>
-      ch === '.' ? { isBlack: true } : { isBlack: false, solution: ch }));
-  }
+  const cells = Array.from({ length: cw.height }, (_, r) => [...cw.solution.slice(r * cw.width, (r + 1) * cw.width)]
+    .map((ch) => (ch === '.' ? { isBlack: true } : { isBlack: false, solution: ch })));
   const clues = { across: [], down: [] };
   for (const clue of cw.parsedClues)
     (clue.isAcross ? clues.across : clues.down).push({ number: clue.number, text: clue.text });

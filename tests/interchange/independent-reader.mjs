@@ -21,8 +21,7 @@ const { PuzCrossword } = await import('@confuzzle/puz-crossword');
 
 const [cli, examples, testData] = process.argv.slice(2);
 const scratch = mkdtempSync(join(tmpdir(), 'quillmark-interchange-'));
-let passed = 0;
-let failed = 0;
+let [passed, failed] = [0, 0];
 const check = (ok, what) => (ok ? passed++ : (failed++, console.log(`FAIL: ${what}`)));
 
 // The puzzle as quillmark-cli's text form gives it: grid rows, clues by "1A", byline.

@@ -141,6 +141,7 @@ class Browser:
         time.sleep(0.2)
         full = self.eval("[document.documentElement.scrollWidth, document.documentElement.scrollHeight]")
         if shots:
+            os.makedirs(shots, exist_ok=True)
             shot = self.call("Page.captureScreenshot", {"format": "png", "captureBeyondViewport": True, "clip": {
                 "x": 0, "y": 0, "width": full[0], "height": full[1], "scale": 1}})
             with open(os.path.join(shots, name), "wb") as f:
@@ -450,8 +451,6 @@ def main():
         with open(at("corrupt.xwd"), "wb") as f:
             f.write(b"not a puzzle\n" * 100)
         info = json.loads(output(args.cli, "info", "--json", at("fifteen.xwd")))
-        if args.shots:
-            os.makedirs(args.shots, exist_ok=True)
 
         browser = Browser(args.chromium, at("profile"))
         browser.open_page()

@@ -1,12 +1,7 @@
-// Independent readers of the .puz and .ipuz files quillmark-cli writes: each example is
-// converted, parsed by a crossword library from npm (@confuzzle/puz-crossword for .puz,
-// @xwordly/xword-parser for .ipuz), and compared with the puzzle's own text form (grid,
-// clues, author, title). The .puz checksums are checked here as well, from the format's
-// public description, since neither library checks them.
-//
-// A German grid (capitals beyond ASCII) with curly quotes and dashes in its clues is read
-// back too: the grid must stay one byte a square, which only the Latin-1 version keeps.
-//
+// Each example converted to .puz and .ipuz by quillmark-cli, read by npm's crossword libraries
+// (@confuzzle/puz-crossword, @xwordly/xword-parser) and compared with its text form; the .puz
+// checksums, which neither library checks, are computed here. A German grid with curly quotes
+// must stay one byte a square, in the Latin-1 version.
 // Usage: node independent-reader.mjs QUILLMARK_CLI EXAMPLES_DIR TEST_DATA_DIR
 
 import { execFileSync } from 'node:child_process';
@@ -26,17 +21,8 @@ const { PuzCrossword } = await import('@confuzzle/puz-crossword');
 
 const [cli, examples, testData] = process.argv.slice(2);
 const scratch = mkdtempSync(join(tmpdir(), 'quillmark-interchange-'));
-let passed = 0;
-let failed = 0;
-
-function check(ok, what) {
-  if (ok) {
-    passed++;
-  } else {
-    failed++;
-    console.log(`FAIL: ${what}`);
-  }
-}
+let [passed, failed] = [0, 0];
+const check = (ok, what) => (ok ? passed++ : (failed++, console.log(`FAIL: ${what}`)));
 
 // The puzzle as quillmark-cli's text form gives it: grid rows, clues by "1A", byline.
 function textForm(xwd) {
@@ -64,9 +50,7 @@ function checksum(bytes, start = 0) {
 
 // Every checksum of a .puz file, computed afresh and compared with the stored ones.
 function checkPuzChecksums(buf, name) {
-  const w = buf[0x2c];
-  const h = buf[0x2d];
-  const nclues = buf.readUInt16LE(0x2e);
+  const [w, h, nclues] = [buf[0x2c], buf[0x2d], buf.readUInt16LE(0x2e)];
   const version = buf.subarray(0x18, 0x1b).toString('latin1');
   let at = 0x34;
   const solution = buf.subarray(at, (at += w * h));
@@ -102,11 +86,8 @@ function checkPuzChecksums(buf, name) {
 // all across before all down, which is not the format's order, so it is not used for .puz.)
 function readPuz(bytes) {
   const cw = PuzCrossword.from(bytes);
-  const cells = [];
-  for (let r = 0; r < cw.height; r++) {
-    cells.push([...cw.solution.slice(r * cw.width, (r + 1) * cw.width)].map((ch) =>
-      ch === '.' ? { isBlack: true } : { isBlack: false, solution: ch }));
-  }
+  const cells = Array.from({ length: cw.height }, (_, r) => [...cw.solution.slice(r * cw.width, (r + 1) * cw.width)]
+    .map((ch) => (ch === '.' ? { isBlack: true } : { isBlack: false, solution: ch })));
   const clues = { across: [], down: [] };
   for (const clue of cw.parsedClues)
     (clue.isAcross ? clues.across : clues.down).push({ number: clue.number, text: clue.text });
@@ -115,19 +96,10 @@ function readPuz(bytes) {
 
 function compare(puzzle, expected, name, title) {
   check(puzzle.grid.width === expected.size && puzzle.grid.height === expected.size, `${name}: grid size`);
-  for (let r = 0; r < expected.size; r++) {
-    for (let c = 0; c < expected.size; c++) {
-      const want = expected.grid[r][c];
-      const cell = puzzle.grid.cells[r][c];
-      if (want === '#') {
-        check(cell.isBlack, `${name}: black square at row ${r + 1}, column ${c + 1}`);
-      } else {
-        const letter = want === '.' ? '' : want;
-        check(!cell.isBlack && (cell.solution ?? '') === letter,
-              `${name}: row ${r + 1}, column ${c + 1} is "${cell.solution}", not "${letter}"`);
-      }
-    }
-  }
+  expected.grid.forEach((want, r) => {
+    const row = (puzzle.grid.cells[r] ?? []).map((cell) => (cell.isBlack ? '#' : cell.solution || '.')).join('');
+    check(row === want, `${name}: row ${r + 1} reads ${row}, not ${want}`);
+  });
   const got = new Map();
   for (const [list, d] of [[puzzle.clues.across, 'A'], [puzzle.clues.down, 'D']])
     for (const clue of list) if (clue.text) got.set(`${clue.number}${d}`, clue.text);

@@ -6,7 +6,6 @@
 #include "web/webpage.h"
 
 #include <QFile>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
@@ -46,17 +45,6 @@ TEST(WebPage, AnswersAreNotReadableInThePageSource)
             EXPECT_FALSE(page.contains(answer)) << answer.toStdString();
         }
     }
-    // The pattern of black squares is given, the letters are not.
-    const QJsonArray pattern = embeddedPuzzle(page)["pattern"].toArray();
-    ASSERT_EQ(pattern.size(), 15);
-    EXPECT_EQ(pattern[0].toString(), QStringLiteral("....#.....#...."));
-}
-
-TEST(WebPage, PlayerCarriesNoPuzzle)
-{
-    const QString page = QString::fromUtf8(PlayerPage());
-    EXPECT_TRUE(page.contains(QStringLiteral(R"(id="puzzle-data">null</script>)")));
-    EXPECT_TRUE(page.contains(QStringLiteral("Puzzle not in Quillmark format or is corrupt.")));
 }
 
 TEST(WebPage, CliWritesPagesOrNothingWithTheUsualExitCodes)

@@ -1,18 +1,24 @@
+// The printed pages: composed, then written as PDF and read back by poppler's tools.
+
 #include "model/cp1252.h"
 #include "model/puzzlefile.h"
 #include "output/pagelayout.h"
+#include "output/pdfoutput.h"
 #include "output/printsettings.h"
 #include "settings/txwdprocs.h"
 #include "testsupport.h"
 
+#include <QFile>
 #include <QFontMetrics>
 #include <QImage>
 #include <QMap>
 #include <QPageSize>
+#include <QProcess>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <tuple>
 
 namespace {
@@ -36,13 +42,14 @@ TPuzzle openGrid(int size, int clueLength = 20, bool blocks = false)
     return p;
 }
 
-TPrintJob jobOf(TPageFormat f)
+TPrintJob job(std::initializer_list<TPageFormat> formats)
 {
-    TPrintJob job;
-    job.Title = QStringLiteral("Test Title");
-    job.SpecText = QStringLiteral("Size of Grid: 15\u00d7\r\n Black Squares: 0  Par: 38\r\n Word Count: 30  Par: 78");
-    job.set(f, true);
-    return job;
+    TPrintJob j;
+    j.Title = QStringLiteral("Sunday Stroll");
+    j.SpecText = QStringLiteral("Size of Grid: 15\u00d7\r\n Black Squares: 0  Par: 38\r\n Word Count: 30  Par: 78");
+    for (TPageFormat f : formats)
+        j.set(f, true);
+    return j;
 }
 
 QList<TPageObject> ofKind(const TPage &page, TPageObject::TKind kind, int penWidth = 0)
@@ -62,13 +69,19 @@ const TPageObject *findText(const TPage &page, const QString &text)
     return nullptr;
 }
 
-int textWidth(const TPageObject &o, const QString &text)
+// Metrics at the pages' own resolution, 254 units an inch.
+QFontMetrics metrics(const TPageObject &o)
 {
-    QImage device(1, 1, QImage::Format_RGB32);
-    device.setDotsPerMeterX(10000);
-    device.setDotsPerMeterY(10000);
-    return QFontMetrics(o.Font, &device).horizontalAdvance(text);
+    static QImage device = [] {
+        QImage image(1, 1, QImage::Format_RGB32);
+        image.setDotsPerMeterX(10000);
+        image.setDotsPerMeterY(10000);
+        return image;
+    }();
+    return QFontMetrics(o.Font, &device);
 }
+
+int textWidth(const TPageObject &o, const QString &text) { return metrics(o).horizontalAdvance(text); }
 
 // The pages read nothing but the job: a stored setting changes nothing until the job is
 // filled from the settings.
@@ -78,11 +91,37 @@ protected:
     void TearDown() override { ResetSettings(); }
 };
 
+class PdfOutput : public PageLayout {
+protected:
+    TScratchDir dir;
+};
+
+
+
+QString run(const QString &program, const QStringList &args, int *code = nullptr)
+{
+    QProcess p;
+    // A reader's complaints (a broken cross-reference table, say) show among its output.
+    p.setProcessChannelMode(program == u"pdfinfo" ? QProcess::MergedChannels : QProcess::SeparateChannels);
+    p.start(program, args);
+    EXPECT_TRUE(p.waitForFinished(60000)) << program.toStdString();
+    if (code)
+        *code = p.exitCode();
+    return QString::fromUtf8(p.readAllStandardOutput());
+}
+
+QString infoField(const QString &info, const QString &name)
+{
+    const QRegularExpression re(QStringLiteral("^%1:\\s*(.*)$").arg(name), QRegularExpression::MultilineOption);
+    const auto match = re.match(info);
+    return match.hasMatch() ? match.captured(1).trimmed() : QString();
+}
+
 }  // namespace
 
 TEST_F(PageLayout, GridPageSquaresAre86UnitsAndSitTwoSquaresBelowTheCentre)
 {
-    const QList<TPage> pages = ComposePages(openGrid(15), jobOf(TPageFormat::NumberedGrid));
+    const QList<TPage> pages = ComposePages(openGrid(15), job({TPageFormat::NumberedGrid}));
     ASSERT_EQ(pages.size(), 1);
     const QList<TPageObject> squares = ofKind(pages[0], TPageObject::RectangleItem, 2);
     ASSERT_EQ(squares.size(), 15 * 15);
@@ -99,19 +138,16 @@ TEST_F(PageLayout, GridPageSquaresAre86UnitsAndSitTwoSquaresBelowTheCentre)
 
 TEST_F(PageLayout, SolutionLettersStandInsideAndCentredInTheirSquares)
 {
-    const QList<TPage> pages = ComposePages(openGrid(15), jobOf(TPageFormat::SolutionGrid));
+    const QList<TPage> pages = ComposePages(openGrid(15), job({TPageFormat::SolutionGrid}));
     ASSERT_EQ(pages.size(), 1);
     const QList<TPageObject> squares = ofKind(pages[0], TPageObject::RectangleItem, 2);
     ASSERT_EQ(squares.size(), 15 * 15);
-    QImage device(1, 1, QImage::Format_RGB32);
-    device.setDotsPerMeterX(10000);
-    device.setDotsPerMeterY(10000);
     int letters = 0;
     for (const TPageObject &o : pages[0].Objects) {
         if (o.Kind != TPageObject::TextItem || o.Text.size() != 1 || !o.Text[0].isLetter() || o.Y < squares[0].Y)
             continue;
         ++letters;
-        const QRect ink = QFontMetrics(o.Font, &device).tightBoundingRect(o.Text).translated(o.X, o.Y + o.Baseline);
+        const QRect ink = metrics(o).tightBoundingRect(o.Text).translated(o.X, o.Y + o.Baseline);
         const auto square = std::find_if(squares.begin(), squares.end(), [&](const TPageObject &s) {
             return QRect(QPoint(s.X, s.Y), QPoint(s.X2, s.Y2)).contains(ink.center());
         });
@@ -127,7 +163,7 @@ TEST_F(PageLayout, SolutionLettersStandInsideAndCentredInTheirSquares)
 
 TEST_F(PageLayout, ManuscriptCarriesTheSpecificationColumnAndEndsWithItsGrid)
 {
-    const QList<TPage> pages = ComposePages(openGrid(15), jobOf(TPageFormat::Manuscript));
+    const QList<TPage> pages = ComposePages(openGrid(15), job({TPageFormat::Manuscript}));
     ASSERT_GE(pages.size(), 2);
     EXPECT_NE(findText(pages[0], QStringLiteral("Size of Grid: 15\u00d7")), nullptr);
     EXPECT_NE(findText(pages[0], QStringLiteral("Black Squares: 0  ")), nullptr);
@@ -144,9 +180,9 @@ TEST_F(PageLayout, DefinitionsOnTheRightPutAnswersAtTheLeftMargin)
     const QString firstAnswer = FromCp1252(p.GetWord(1, 1, 'a'));
     for (const bool left : {true, false}) {
         WriteSetting(QStringLiteral("DefsOnLeft"), left ? 1 : 0);
-        TPrintJob job = jobOf(TPageFormat::Manuscript);
-        ReadPrintSettings(job);
-        const TPage page = ComposePages(p, job).first();
+        TPrintJob chosen = job({TPageFormat::Manuscript});
+        ReadPrintSettings(chosen);
+        const TPage page = ComposePages(p, chosen).first();
         const TPageObject *across = findText(page, QStringLiteral("ACROSS"));
         const TPageObject *answer = findText(page, firstAnswer);
         ASSERT_TRUE(across && answer);
@@ -166,7 +202,7 @@ TEST_F(PageLayout, ManuscriptCutsAClueWithoutSpacesWithAHyphenAndKeepsEveryChara
     TPuzzle p = openGrid(11);
     const QByteArray clue(78, 'W');
     p.setClue(1, clue);
-    const TPage page = ComposePages(p, jobOf(TPageFormat::Manuscript)).first();
+    const TPage page = ComposePages(p, job({TPageFormat::Manuscript})).first();
     const QStringList texts = page.texts();
     const qsizetype first = texts.indexOf(QRegularExpression(QStringLiteral("^W+-$")));
     ASSERT_GE(first, 0) << texts.join(u'|').toStdString();
@@ -178,18 +214,13 @@ TEST_F(PageLayout, ManuscriptCutsAClueWithoutSpacesWithAHyphenAndKeepsEveryChara
 
 TEST_F(PageLayout, PuzzlePageColumnsFollowTheGridSize)
 {
-    struct Case {
-        int size;
-        int columns;
-        bool secondBesideGrid;
-    };
-    for (const Case c : {Case{15, 3, false}, Case{21, 5, true}}) {
-        SCOPED_TRACE(QStringLiteral("a %1 grid").arg(c.size).toStdString());
-        const QList<TPage> pages = ComposePages(openGrid(c.size, 78, true), jobOf(TPageFormat::PuzzlePage));
+    for (const auto &[size, columns, secondBesideGrid] : {std::tuple{15, 3, false}, {21, 5, true}}) {
+        SCOPED_TRACE(QStringLiteral("a %1 grid").arg(size).toStdString());
+        const QList<TPage> pages = ComposePages(openGrid(size, 78, true), job({TPageFormat::PuzzlePage}));
         ASSERT_FALSE(pages.isEmpty());
         const TPageObject frame = ofKind(pages[0], TPageObject::RectangleItem, 4).first();
         const int m = LetterWidth / 34;
-        const int w = (LetterWidth - 2 * m) / c.columns;
+        const int w = (LetterWidth - 2 * m) / columns;
         QMap<int, int> columnTop;
         for (const TPageObject &o : pages[0].Objects) {
             if (o.Kind != TPageObject::TextItem || o.Y < frame.Y || (o.X > frame.X - 3 && o.Y < frame.Y2))
@@ -197,15 +228,10 @@ TEST_F(PageLayout, PuzzlePageColumnsFollowTheGridSize)
             const int column = (o.X - m) / w;
             columnTop[column] = columnTop.contains(column) ? std::min(columnTop[column], o.Y) : o.Y;
         }
-        EXPECT_EQ(columnTop.size(), c.columns);
-        EXPECT_LT(columnTop.value(0), frame.Y2);
-        if (c.secondBesideGrid) {
-            EXPECT_LT(columnTop.value(1), frame.Y2) << "the second column stands beside the grid";
-        } else {
-            EXPECT_GT(columnTop.value(1), frame.Y2) << "the second column starts below the grid";
-        }
-        for (int col = 2; col < c.columns; ++col)
-            EXPECT_GT(columnTop.value(col), frame.Y2) << "column " << col + 1;
+        EXPECT_EQ(columnTop.size(), columns);
+        for (int col = 0; col < columns; ++col)
+            EXPECT_EQ(columnTop.value(col) < frame.Y2, col == 0 || (col == 1 && secondBesideGrid))
+                << "column " << col + 1 << " starts beside the grid, not below it, or the other way round";
         // No clue text runs into the grid beside it.
         for (const TPageObject &o : pages[0].Objects) {
             if (o.Kind == TPageObject::TextItem && o.X < frame.X && o.Y > frame.Y && o.Y < frame.Y2) {
@@ -218,7 +244,7 @@ TEST_F(PageLayout, PuzzlePageColumnsFollowTheGridSize)
 TEST_F(PageLayout, PuzzlePageTextGrowsForSmallerGrids)
 {
     const auto acrossSize = [](int size) {
-        const TPage page = ComposePages(openGrid(size), jobOf(TPageFormat::PuzzlePage)).first();
+        const TPage page = ComposePages(openGrid(size), job({TPageFormat::PuzzlePage})).first();
         return findText(page, QStringLiteral("ACROSS"))->Font.pixelSize();
     };
     EXPECT_EQ(acrossSize(13), qRound(12 * 254 / 72.0));
@@ -233,7 +259,7 @@ TEST_F(PageLayout, PuzzlePageBylineIsTheSettersOrTheProgramsOrNone)
                                           {"", QStringLiteral("a Quillmark puzzle")},
                                           {"Ann Setter", QStringLiteral("by Ann Setter")}}) {
         p.Byline.setText(byline);
-        const QStringList texts = ComposePages(p, jobOf(TPageFormat::PuzzlePage)).first().texts();
+        const QStringList texts = ComposePages(p, job({TPageFormat::PuzzlePage})).first().texts();
         EXPECT_EQ(texts.filter(QRegularExpression(QStringLiteral("^(by |a Quillmark)"))),
                   printed.isEmpty() ? QStringList() : QStringList{printed});
     }
@@ -253,10 +279,10 @@ TEST_F(PageLayout, EachPaperGetsPagesThatKeepEveryClueWholeAndOnThePaper)
         for (const TPuzzle *p : {&sample, &crowded})
             for (const TPageFormat f : {TPageFormat::Manuscript, TPageFormat::PuzzlePage}) {
                 SCOPED_TRACE(QStringLiteral("%1, a %2 grid, format %3").arg(name).arg(p->Size).arg(int(f)).toStdString());
-                TPrintJob job = jobOf(f);
-                job.setPaper(QPageSize(paper));
-                ASSERT_EQ(QSize(job.PageWidth, job.PageHeight), QSize(width, height));
-                const QList<TPage> pages = ComposePages(*p, job);
+                TPrintJob chosen = job({f});
+                chosen.setPaper(QPageSize(paper));
+                ASSERT_EQ(QSize(chosen.PageWidth, chosen.PageHeight), QSize(width, height));
+                const QList<TPage> pages = ComposePages(*p, chosen);
                 QStringList read;
                 for (const TPage &page : pages) {
                     EXPECT_EQ(QSize(page.Width, page.Height), QSize(width, height));
@@ -277,8 +303,136 @@ TEST_F(PageLayout, EachPaperGetsPagesThatKeepEveryClueWholeAndOnThePaper)
     }
 }
 
-TEST(PageLayoutText, QuotesAndTitles)
+TEST(PageLayoutText, QuotesTurnCurly)
 {
     EXPECT_EQ(ConvertQuotes("He said \"yes\" and 'no' \""), QByteArray("He said \x93yes\x94 and \x92no\x92 \x93"));
-    EXPECT_EQ(TitleForPuzzlePath(QStringLiteral("/some/where/MYPUZ.xwd")), QStringLiteral("MYPUZ"));
+}
+
+TEST_F(PdfOutput, LetterPagesCountedPerFormatWithTitleAndSubject)
+{
+    const TPuzzle p = SamplePuzzle();
+    const int manuscriptPages = int(ComposePages(p, job({TPageFormat::Manuscript})).size());
+    ASSERT_GE(manuscriptPages, 2);
+    for (const auto &[chosen, pages] : {std::pair{job({TPageFormat::PuzzlePage}), 1},
+                                         {job({TPageFormat::NumberedGrid, TPageFormat::PuzzlePage}), 2},
+                                         {job({TPageFormat::Manuscript, TPageFormat::SolutionGrid}), manuscriptPages + 1}}) {
+        const QString path = dir.path(QStringLiteral("out.pdf"));
+        PrintToPdf(p, chosen, path);
+        const QString info = run(QStringLiteral("pdfinfo"), {path});
+        EXPECT_EQ(infoField(info, QStringLiteral("Pages")).toInt(), pages);
+        EXPECT_TRUE(infoField(info, QStringLiteral("Page size")).contains(QStringLiteral("letter"))) << info.toStdString();
+        EXPECT_EQ(infoField(info, QStringLiteral("Title")), QStringLiteral("Sunday Stroll"));
+        EXPECT_FALSE(info.contains(QStringLiteral("Error"))) << info.toStdString();
+        EXPECT_EQ(infoField(info, QStringLiteral("Subject")), FromCp1252(p.Byline.text()));
+    }
+    // A subject beyond ASCII (which byline stands for none or the program is BylineText's, as
+    // the puzzle page's byline test shows).
+    TPuzzle q = p;
+    q.Byline.setText("by Zo\xEB");
+    PrintToPdf(q, job({TPageFormat::PuzzlePage}), dir.path(QStringLiteral("subject.pdf")));
+    EXPECT_EQ(infoField(run(QStringLiteral("pdfinfo"), {dir.path(QStringLiteral("subject.pdf"))}), QStringLiteral("Subject")),
+              QString::fromUtf8("by Zoë"));
+}
+
+// The expected lines come from the sample's source text: the numbers its author gave the
+// clues, the answers cut from its grid rows and columns at the black squares.
+TEST_F(PdfOutput, ManuscriptTextHoldsEveryNumberAndAnswer)
+{
+    QFile source(QStringLiteral(QUILLMARK_EXAMPLES "/sources/sunday-stroll.txt"));
+    ASSERT_TRUE(source.open(QIODevice::ReadOnly | QIODevice::Text));
+    QStringList rows;
+    QList<int> numbers[2];  // across, down
+    QString section;
+    for (const QString &line : QString::fromUtf8(source.readAll()).split(u'\n')) {
+        if (line == u"grid" || line == u"clues")
+            section = line;
+        else if (section == u"grid" && !line.isEmpty())
+            rows.append(line);
+        else if (section == u"clues" && !line.isEmpty()) {
+            const QString label = line.section(u' ', 0, 0);  // "12A"
+            numbers[label.endsWith(u'D')].append(label.chopped(1).toInt());
+        }
+    }
+    for (QList<int> &list : numbers)
+        std::ranges::sort(list);
+    QStringList answers[2];
+    for (const QString &row : rows)
+        for (const QString &word : row.split(u'#'))
+            if (word.size() > 1)
+                answers[0].append(word);
+    // Down words in reading order of their first letters.
+    for (int r = 0; r < rows.size(); ++r)
+        for (int c = 0; c < rows.size(); ++c) {
+            QString word;
+            for (int k = r; k < rows.size() && rows[k][c] != u'#'; ++k)
+                word += rows[k][c];
+            if ((r == 0 || rows[r - 1][c] == u'#') && word.size() > 1)
+                answers[1].append(word);
+        }
+
+    const QString path = dir.path(QStringLiteral("ms.pdf"));
+    PrintToPdf(SamplePuzzle(), job({TPageFormat::Manuscript}), path);
+    const QString text = run(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
+    for (const QString &s : {QStringLiteral("Sunday Stroll"), QStringLiteral("Page 1"), QStringLiteral("ACROSS"),
+                             QStringLiteral("DOWN")})
+        EXPECT_TRUE(text.contains(s)) << s.toStdString();
+    for (int d = 0; d < 2; ++d) {
+        ASSERT_EQ(numbers[d].size(), answers[d].size());
+        for (int i = 0; i < numbers[d].size(); ++i) {
+            const QRegularExpression line(
+                QStringLiteral("(^|\\s)%1\\s.*\\s%2\\s*$").arg(numbers[d][i]).arg(answers[d][i]),
+                QRegularExpression::MultilineOption);
+            EXPECT_TRUE(line.match(text).hasMatch()) << numbers[d][i] << (d ? "D " : "A ") << answers[d][i].toStdString();
+        }
+    }
+}
+
+TEST_F(PdfOutput, BlackSquaresPrintDarkAndOpenSquaresLight)
+{
+    const TPuzzle p = SamplePuzzle();
+    const QString path = dir.path(QStringLiteral("ng.pdf"));
+    const TPrintJob j = job({TPageFormat::NumberedGrid});
+    PrintToPdf(p, j, path);
+    // 127 dots per inch: half a pixel to a page unit.
+    run(QStringLiteral("pdftoppm"), {QStringLiteral("-r"), QStringLiteral("127"), QStringLiteral("-png"), path,
+                                     dir.path(QStringLiteral("ng"))});
+    QImage image(dir.path(QStringLiteral("ng-1.png")));
+    ASSERT_FALSE(image.isNull());
+    const QList<TPageObject> squares = ofKind(ComposePages(p, j).first(), TPageObject::RectangleItem, 2);
+    ASSERT_EQ(squares.size(), p.Size * p.Size);
+    int i = 0;
+    for (int r = 1; r <= p.Size; ++r)
+        for (int c = 1; c <= p.Size; ++c, ++i) {
+            const QPoint centre((squares[i].X + squares[i].X2) / 4, (squares[i].Y + squares[i].Y2) / 4);
+            const int gray = qGray(image.pixel(centre));
+            if (p.isBlock(c, r))
+                EXPECT_LT(gray, 60) << c << "," << r;
+            else
+                EXPECT_GT(gray, 200) << c << "," << r;
+        }
+}
+
+TEST_F(PdfOutput, CommandLineWritesTheChosenFormatsOrNothing)
+{
+    const QString in = QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd");
+    const QString out = dir.path(QStringLiteral("cli.pdf"));
+    int code = -1;
+    run(QStringLiteral(QUILLMARK_CLI), {QStringLiteral("export-pdf"), QStringLiteral("--formats"), QStringLiteral("ng,pp"), in, out}, &code);
+    EXPECT_EQ(code, 0);
+    const QString info = run(QStringLiteral("pdfinfo"), {out});
+    EXPECT_EQ(infoField(info, QStringLiteral("Pages")).toInt(), 2);
+    EXPECT_EQ(infoField(info, QStringLiteral("Title")), QStringLiteral("sunday-stroll"));
+    QFile::remove(out);
+
+    // No format chosen in the settings, an unknown format, an unreadable puzzle, an
+    // unwritable folder: each its exit code, and no file.
+    const QString missing = dir.path(QStringLiteral("missing.xwd"));
+    const QString badFolder = dir.path(QStringLiteral("no/such/folder/x.pdf"));
+    for (const auto &[args, expected] : {std::pair{QStringList{in, out}, 1}, {{"--formats", "ms,xx", in, out}, 1},
+                                         {{"--formats", "pp", missing, out}, 2}, {{"--formats", "pp", in, badFolder}, 3}}) {
+        run(QStringLiteral(QUILLMARK_CLI), QStringList{QStringLiteral("export-pdf")} + args, &code);
+        EXPECT_EQ(code, expected) << args.join(u' ').toStdString();
+        EXPECT_FALSE(QFile::exists(out));
+        EXPECT_FALSE(QFile::exists(badFolder));
+    }
 }

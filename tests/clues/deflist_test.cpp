@@ -22,6 +22,10 @@ TEST(DefList, LinesPadTheNumberAndEndWithTheAnswer)
     EXPECT_EQ(DefLine(12, "", "DOG"), QByteArray("  12    | DOG"));
     for (const auto &[number, padded] : {std::pair{9, "    9"}, {10, "  10"}, {99, "  99"}, {100, "100"}, {179, "179"}})
         EXPECT_EQ(PadNumber(number), QByteArray(padded));
+    // A replaced line is found again by its padded number.
+    const QList<QByteArray> lines{"    1  a  | X", "  10  b  | Y", "100  c  | Z"};
+    for (const auto &[number, line] : {std::pair{1, 0}, {10, 1}, {100, 2}, {2, -1}})
+        EXPECT_EQ(FindDefLineIndex(lines, number), line) << number;
 }
 
 TEST(DefList, FillingNumbersASharedSquareOnceInBothLists)
@@ -36,11 +40,10 @@ TEST(DefList, FillingNumbersASharedSquareOnceInBothLists)
 
 TEST(DefList, ALineReadsBackToItsNumberAndAnswer)
 {
-    EXPECT_EQ(ReadDefLine("    7  Feline  | CAT").Number, 7);
-    EXPECT_EQ(ReadDefLine("  42  x | y  | DOG").Number, 42);
-    EXPECT_EQ(ReadDefLine("  42  x | y  | DOG").Answer, QByteArray("y  | DOG")) << "the first bar ends the clue";
-    EXPECT_EQ(ReadDefLine("123    | ABCDEFGHIJKLMNOPQRSTUVWXYZ").Number, 123);
-    EXPECT_EQ(ReadDefLine("123    | ABCDEFGHIJKLMNOPQRSTUVWXYZ").Answer, QByteArray("ABCDEFGHIJKLMNOPQRSTUVW"));
+    const auto read = [](const char *line) { return std::pair(ReadDefLine(line).Number, ReadDefLine(line).Answer); };
+    EXPECT_EQ(read("    7  Feline  | CAT"), std::pair(7, QByteArray("CAT")));
+    EXPECT_EQ(read("  42  x | y  | DOG"), std::pair(42, QByteArray("y  | DOG"))) << "the first bar ends the clue";
+    EXPECT_EQ(read("123    | ABCDEFGHIJKLMNOPQRSTUVWXYZ"), std::pair(123, QByteArray("ABCDEFGHIJKLMNOPQRSTUVW")));
 }
 
 TEST(DefList, AClickedLineLeadsToTheWordWithItsOwnNumber)
@@ -68,13 +71,4 @@ TEST(DefList, AClickedLineLeadsToTheWordWithItsOwnNumber)
             << w.Number << dir;
     }
     EXPECT_FALSE(FindDefLineWord(p, "    1    | DOG", Direction::Across).Found);
-}
-
-TEST(DefList, ReplacementFindsTheLineByItsPaddedNumber)
-{
-    const QList<QByteArray> lines{"    1  a  | X", "  10  b  | Y", "100  c  | Z"};
-    EXPECT_EQ(FindDefLineIndex(lines, 1), 0);
-    EXPECT_EQ(FindDefLineIndex(lines, 10), 1);
-    EXPECT_EQ(FindDefLineIndex(lines, 100), 2);
-    EXPECT_EQ(FindDefLineIndex(lines, 2), -1);
 }

@@ -44,27 +44,22 @@ TEST(Scoring, ClearEntriesEmptiesTheGridOnly)
 
 TEST(Scoring, ErrorCrossSitsInsideItsSquare)
 {
-    const auto cross = ErrorCross(2, 3, 30);
-    EXPECT_EQ(cross[0], QLine(36, 66, 55, 85));
-    EXPECT_EQ(cross[1], QLine(55, 66, 36, 85));
+    EXPECT_EQ(ErrorCross(2, 3, 30), (std::array{QLine(36, 66, 55, 85), QLine(55, 66, 36, 85)}));
 }
 
 TEST(ClockTime, CountsToTheHourAndWrapsAtTen)
 {
     TClockTime clock;
-    EXPECT_EQ(clock.Text(), "0:00:00");
-    for (int i = 0; i < 65; ++i)
-        clock.Tick();
-    EXPECT_EQ(clock.Text(), "0:01:05");
+    const auto after = [&clock](int seconds) {
+        for (int i = 0; i < seconds; ++i)
+            clock.Tick();
+        return clock.Text();
+    };
+    EXPECT_EQ(after(65), "0:01:05");
     clock.Reset();
-    for (int i = 0; i < 3599; ++i)
-        clock.Tick();
-    EXPECT_EQ(clock.Text(), "0:59:59");
-    clock.Tick();
-    EXPECT_EQ(clock.Text(), "1:00:00");
-    for (int i = 0; i < 3600 * 9 - 1; ++i)
-        clock.Tick();
-    EXPECT_EQ(clock.Text(), "9:59:59");
-    clock.Tick();
-    EXPECT_EQ(clock.Text(), "0:00:00");
+    EXPECT_EQ(after(0), "0:00:00");
+    EXPECT_EQ(after(3599), "0:59:59");
+    EXPECT_EQ(after(1), "1:00:00");
+    EXPECT_EQ(after(3600 * 9 - 1), "9:59:59");
+    EXPECT_EQ(after(1), "0:00:00");
 }

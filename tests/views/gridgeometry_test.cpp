@@ -47,8 +47,7 @@ TEST(GridGeometry, WordsRunOnFromTheSquareAndBackToTheirStart)
 
 TEST(GridGeometry, WindowSizePlaceAndFont)
 {
-    EXPECT_EQ(MiddleLine(15), 8);
-    EXPECT_EQ(MiddleLine(11), 6);
+    EXPECT_EQ(std::pair(MiddleLine(15), MiddleLine(11)), std::pair(8, 6));
     EXPECT_EQ(GridWindowExtent(23, 31), 722);
 
     // Never below one pixel; a snapped small grid stays snapped; no grid keeps the size.

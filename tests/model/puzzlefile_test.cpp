@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <tuple>
 #include <sys/resource.h>
 
 namespace {
@@ -50,9 +51,7 @@ private:
 
 TEST(CurrentFormat, RoundTripsEveryByteIsLittleEndianAndReadsTheFirst17818Bytes)
 {
-    QByteArray bytes = noise(PuzzleFileSize);
-    bytes[0] = 15;
-    bytes[1] = 0;
+    const QByteArray bytes = QByteArray("\x0f\0", 2) + noise(PuzzleFileSize - 2);
     EXPECT_EQ(EncodePuzzle(DecodePuzzle(bytes)), bytes);
 
     TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
@@ -60,10 +59,8 @@ TEST(CurrentFormat, RoundTripsEveryByteIsLittleEndianAndReadsTheFirst17818Bytes)
     p.CellWords(2, 1).DownSlot = 0x0304;
     const QByteArray out = EncodePuzzle(p);
     ASSERT_EQ(out.size(), PuzzleFileSize);
-    EXPECT_EQ(out[0], 0x02);
-    EXPECT_EQ(out[1], 0x01);
-    EXPECT_EQ(out[1060 + 92 + 2], 0x04);
-    EXPECT_EQ(out[1060 + 92 + 3], 0x03);
+    EXPECT_EQ(out.left(2), "\x02\x01");
+    EXPECT_EQ(out.mid(1060 + 92 + 2, 2), "\x04\x03");
     EXPECT_EQ(out[17817], 3) << "language is the last byte";
 
     // A longer file is read for its first 17818 bytes.
@@ -90,26 +87,22 @@ TEST(Version5, WritingKeepsTheGridAndCutsCluesAndByline)
     EXPECT_EQ(back.clue(1), QByteArray(60, 'q'));
     EXPECT_EQ(back.clue(5), "Barking pet");
     EXPECT_TRUE(back.clue(180).isEmpty());
-    EXPECT_EQ(back.Byline.text(), "Ann Example");
-    EXPECT_EQ(back.Language, 2) << "only the last digit comes back";
+    EXPECT_EQ(std::pair(back.Byline.text(), int(back.Language)), std::pair(QByteArray("Ann Example"), 2))
+        << "only the language's last digit comes back";
     EXPECT_EQ(back.GetWord(5, 1, 'a'), "DOG");
 }
 
 TEST(Version5, BylineFieldCasesAtTheLimit)
 {
     TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
-
-    p.Byline.setText("Name|With Bar");
     p.Language = 7;
-    TPuzzle back = ConvertPuzzle5(EncodePuzzle5(p));
-    EXPECT_EQ(back.Byline.text(), "Name") << "text after a byline's own bar is lost";
-    EXPECT_EQ(back.Language, 7);
-
-    p.Byline.setText(QByteArray(60, 'b'));
-    back = ConvertPuzzle5(EncodePuzzle5(p));
-    EXPECT_EQ(back.Byline.text(), QByteArray(60, 'b')) << "a full byline crowds out bar and language";
-    EXPECT_EQ(back.Language, 0);
-
+    // Text after a byline's own bar is lost; a full byline crowds out bar and language.
+    for (const auto &[byline, kept, language] : {std::tuple{QByteArray("Name|With Bar"), QByteArray("Name"), 7},
+                                                  {QByteArray(60, 'b'), QByteArray(60, 'b'), 0}}) {
+        p.Byline.setText(byline);
+        const TPuzzle back = ConvertPuzzle5(EncodePuzzle5(p));
+        EXPECT_EQ(std::pair(back.Byline.text(), int(back.Language)), std::pair(kept, language)) << byline.constData();
+    }
     p.Byline.setText(QByteArray(59, 'b'));
     EXPECT_THROW(ConvertPuzzle5(EncodePuzzle5(p)), TPuzzleIOError) << "a bar with no digit cannot be read";
 }
@@ -126,10 +119,8 @@ TEST(OpenPuzzleFile, ConvertsAVersion5FileOnDisk)
     EXPECT_EQ(QFile(path).size(), PuzzleFile5Size) << "loading alone never rewrites";
 
     OpenPuzzleFile(path);
-    EXPECT_EQ(QFile(path).size(), PuzzleFileSize);
-    EXPECT_EQ(Puzzle.Byline.text(), "Ann Example");
-    EXPECT_EQ(Puzzle.Language, 3);
-    EXPECT_EQ(ReadFileBytes(path), EncodePuzzle(Puzzle));
+    EXPECT_EQ(std::pair(Puzzle.Byline.text(), int(Puzzle.Language)), std::pair(QByteArray("Ann Example"), 3));
+    EXPECT_EQ(ReadFileBytes(path), EncodePuzzle(Puzzle)) << "rewritten in the current format";
     EXPECT_EQ(LoadPuzzleFile(path).Format, PuzzleFormat::Current);
 }
 
@@ -179,7 +170,6 @@ TEST(WritePuzzle, ReplacesAFileWholeOrReportsAndKeepsTheOld)
     Puzzle = PuzzleFrom(QString::fromLatin1(SmallGrid));
     WritePuzzle(path);
     const QByteArray before = ReadFileBytes(path);
-    EXPECT_EQ(before.size(), PuzzleFileSize);
 
     // A disk that fills up mid-save: files may grow to 4 KiB only.
     Puzzle.setClue(1, "Changed");

@@ -65,15 +65,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(WordListFiles, ReadScoresAndReportMalformedLinesByNumber)
 {
-    const TReadList read = ParseWordList("apple;80\n"
-                                         "banana\n"
-                                         "\n"
-                                         "cherry;101\n"
-                                         ";40\n"
-                                         "dates ; 7 \r\n"
-                                         "x2;90\n"
-                                         "APPLE;30\n",
-                                         English);
+    // Lines 4 and 5 are malformed; x2 is left out.
+    const TReadList read = ParseWordList("apple;80\nbanana\n\ncherry;101\n;40\ndates ; 7 \r\nx2;90\nAPPLE;30\n", English);
     EXPECT_EQ(read.Words.size(), 3);
     EXPECT_EQ(scoreOf(read.Words, "APPLE"), 80) << "a word twice in one list keeps its better score";
     EXPECT_EQ(scoreOf(read.Words, "BANANA"), PlainWordScore);

@@ -14,9 +14,8 @@ namespace {
 
 TRecoveredPuzzle sample()
 {
-    return {PuzzleFrom("size 11\nbyline Ann Setter\ngrid\nCAT#.......\n...........\n...........\n"
-                       "...........\n...........\n...........\n...........\n...........\n"
-                       "...........\n...........\n..........#\nclues\n1A Pet\n"),
+    return {PuzzleFrom("size 11\nbyline Ann Setter\ngrid\nCAT#.......\n" + QStringLiteral("...........\n").repeated(9)
+                       + "..........#\nclues\n1A Pet\n"),
             QStringLiteral("/home/ann/puzzles/café.xwd"), ConstructMode,
             QDateTime::fromMSecsSinceEpoch(1'700'000'000'123)};
 }

@@ -14,11 +14,11 @@
 
 namespace {
 
-const char *const SmallGrid =
-    "size 11\nbyline Ann Example\nlanguage 3\ngrid\n"
-    "CAT#DOG#EEL\n...........\n...........\n...........\n...........\n"
-    "...........\n...........\n...........\n...........\n...........\n...........\n"
-    "clues\n1A Purring pet\n4A Barking pet\n";
+TPuzzle small()
+{
+    return PuzzleFrom("size 11\nbyline Ann Example\nlanguage 3\ngrid\n" + GridRows({"CAT#DOG#EEL"}, 11, u'.')
+                      + "clues\n1A Purring pet\n4A Barking pet\n");
+}
 
 // Random bytes everywhere, unused string bytes included: a record must survive whole.
 QByteArray noise(int size)
@@ -54,7 +54,7 @@ TEST(CurrentFormat, RoundTripsEveryByteIsLittleEndianAndReadsTheFirst17818Bytes)
     const QByteArray bytes = QByteArray("\x0f\0", 2) + noise(PuzzleFileSize - 2);
     EXPECT_EQ(EncodePuzzle(DecodePuzzle(bytes)), bytes);
 
-    TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    TPuzzle p = small();
     p.Size = 0x0102;
     p.CellWords(2, 1).DownSlot = 0x0304;
     const QByteArray out = EncodePuzzle(p);
@@ -65,7 +65,7 @@ TEST(CurrentFormat, RoundTripsEveryByteIsLittleEndianAndReadsTheFirst17818Bytes)
 
     // A longer file is read for its first 17818 bytes.
     TScratchDir dir;
-    ASSERT_TRUE(WriteFileBytes(dir.path("long.xwd"), EncodePuzzle(PuzzleFrom(QString::fromLatin1(SmallGrid))) + "more"));
+    ASSERT_TRUE(WriteFileBytes(dir.path("long.xwd"), EncodePuzzle(small()) + "more"));
     ReadPuzzle(dir.path("long.xwd"));
     EXPECT_EQ(Puzzle.GetWord(1, 1, 'a'), "CAT");
     EXPECT_THROW(ReadPuzzle(dir.path("missing.xwd")), TPuzzleIOError);
@@ -73,7 +73,7 @@ TEST(CurrentFormat, RoundTripsEveryByteIsLittleEndianAndReadsTheFirst17818Bytes)
 
 TEST(Version5, WritingKeepsTheGridAndCutsCluesAndByline)
 {
-    TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    TPuzzle p = small();
     p.setClue(1, QByteArray(75, 'q'));
     p.setClue(180, "the spare slot");
     p.Language = 12;
@@ -94,7 +94,7 @@ TEST(Version5, WritingKeepsTheGridAndCutsCluesAndByline)
 
 TEST(Version5, BylineFieldCasesAtTheLimit)
 {
-    TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    TPuzzle p = small();
     p.Language = 7;
     // Text after a byline's own bar is lost; a full byline crowds out bar and language.
     for (const auto &[byline, kept, language] : {std::tuple{QByteArray("Name|With Bar"), QByteArray("Name"), 7},
@@ -111,7 +111,7 @@ TEST(OpenPuzzleFile, ConvertsAVersion5FileOnDisk)
 {
     TScratchDir dir;
     const QString path = dir.path("old.xwd");
-    ASSERT_TRUE(WriteFileBytes(path, EncodePuzzle5(PuzzleFrom(QString::fromLatin1(SmallGrid)))));
+    ASSERT_TRUE(WriteFileBytes(path, EncodePuzzle5(small())));
     ASSERT_EQ(QFile(path).size(), PuzzleFile5Size);
 
     const TLoadedPuzzle peek = LoadPuzzleFile(path);
@@ -128,7 +128,7 @@ TEST(OpenPuzzleFile, ConvertsAVersion5FileOnDisk)
 TEST(OpenPuzzleFile, RefusesWhatTheProgramDoesNotMakeAndTouchesNothing)
 {
     TScratchDir dir;
-    Puzzle = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    Puzzle = small();
     const QByteArray open = EncodePuzzle(Puzzle);
     const auto expectRefused = [&](const QString &name, const QByteArray &bytes) {
         SCOPED_TRACE(name.toStdString());
@@ -142,7 +142,7 @@ TEST(OpenPuzzleFile, RefusesWhatTheProgramDoesNotMakeAndTouchesNothing)
 
     // Sizes that overran the 23 x 23 arrays or made grids the program never draws.
     for (const int size : {0, -1, 9, 12, 24, 25, 3000, 32767}) {
-        TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
+        TPuzzle p = small();
         p.Size = int16_t(size);
         expectRefused(QStringLiteral("size%1.xwd").arg(size), EncodePuzzle(p));
         expectRefused(QStringLiteral("size%1-v5.xwd").arg(size), EncodePuzzle5(p));
@@ -150,7 +150,7 @@ TEST(OpenPuzzleFile, RefusesWhatTheProgramDoesNotMakeAndTouchesNothing)
     expectRefused(QStringLiteral("cut.xwd"), open.left(16000));
     expectRefused(QStringLiteral("short.xwd"), noise(PuzzleFile5Size - 1));
     expectRefused(QStringLiteral("picture.xwd"), QByteArray("\x89PNG\r\n\x1a\n") + noise(PuzzleFileSize));
-    TPuzzle broken = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    TPuzzle broken = small();
     broken.Byline.setText(QByteArray(59, 'b'));
     expectRefused(QStringLiteral("no-language-digit.xwd"), EncodePuzzle5(broken));
 
@@ -167,7 +167,7 @@ TEST(WritePuzzle, ReplacesAFileWholeOrReportsAndKeepsTheOld)
 {
     TScratchDir dir;
     const QString path = dir.path("p.xwd");
-    Puzzle = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    Puzzle = small();
     WritePuzzle(path);
     const QByteArray before = ReadFileBytes(path);
 
@@ -186,7 +186,7 @@ TEST(WritePuzzle, ReplacesAFileWholeOrReportsAndKeepsTheOld)
 TEST(WritePuzzle, RemovesTheTemporaryFilesOfAKilledSaveOfThatPuzzleOnly)
 {
     TScratchDir dir;
-    Puzzle = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    Puzzle = small();
     ASSERT_TRUE(WriteFileBytes(dir.path("p.xwd.a1B2c3"), QByteArray(9000, 'x')));  // killed mid-write
     ASSERT_TRUE(WriteFileBytes(dir.path("p.xwd.Zz9Zz9"), QByteArray()));
     const QStringList kept{"p.xwd.big123", "p.xwd.notes", "p.xwd.a1B2c3d", "q.xwd.a1B2c3"};

@@ -5,21 +5,16 @@
 
 namespace {
 
-const char *const Text =
-    "; a comment\n"
-    "size 11\nbyline Zoë Maker\nlanguage 1\ngrid\n"
-    "ÉTÉ#DOG#EEL\n...........\n...........\n...........\n...........\n"
-    "...........\n...........\n...........\n...........\n...........\n?..........\n"
-    "entries\n"
-    "É..........\n...........\n...........\n...........\n...........\n"
-    "...........\n...........\n...........\n...........\n...........\n...........\n"
-    "clues\n1A Summer, in Lyon\n4A Barking pet\n3D Third down\n";
+const QString Rows = QStringLiteral("...........\n").repeated(9);
+const QString Text = QString::fromUtf8("; a comment\nsize 11\nbyline Zoë Maker\nlanguage 1\ngrid\nÉTÉ#DOG#EEL\n") + Rows
+                     + QString::fromUtf8("?..........\nentries\nÉ..........\n") + Rows
+                     + "...........\nclues\n1A Summer, in Lyon\n4A Barking pet\n3D Third down\n";
 
 }  // namespace
 
 TEST(PuzzleText, CluesTakeTheSlotOfTheirPlaceInReadingOrder)
 {
-    const TPuzzle p = PuzzleFromText(QString::fromUtf8(Text));
+    const TPuzzle p = PuzzleFromText(Text);
     EXPECT_EQ(p.Size, 11);
     EXPECT_EQ(p.Language, 1);
     EXPECT_EQ(FromCp1252(p.Byline.text()), QString::fromUtf8("Zoë Maker"));

@@ -135,8 +135,7 @@ TEST(FillEngine, NeverRepeatsAnEntryNorReusesOneAlreadyInTheGrid)
 {
     // A word square of CAT ARE TEN needs each word twice.
     const TFillResult square = FillGrid(request(grid({"...", "...", "..."}), list({"CAT", "ARE", "TEN"})));
-    EXPECT_EQ(square.Status, TFillStatus::Impossible);
-    EXPECT_FALSE(square.Faulty.isEmpty());
+    EXPECT_TRUE(square.Status == TFillStatus::Impossible && !square.Faulty.isEmpty());
 
     // BAT stands complete in the grid, so the open slot may not take it.
     const TPuzzle taken = grid({"BAT", "###", "..."});
@@ -148,10 +147,9 @@ TEST(FillEngine, NeverRepeatsAnEntryNorReusesOneAlreadyInTheGrid)
 
 TEST(FillEngine, LeavesOutWordsBelowTheMinimumScore)
 {
-    const TPuzzle p = grid({"...", "###", "..."});
     TWords words = list({"CAT"}, 80);
     words->add("DOG", 20);
-    TFillRequest r = request(p, words);
+    TFillRequest r = request(grid({"...", "###", "..."}), words);
     EXPECT_EQ(FillGrid(r).Status, TFillStatus::Filled);
     r.MinScore = 30;
     EXPECT_EQ(FillGrid(r).Status, TFillStatus::Impossible);
@@ -169,8 +167,7 @@ TEST(FillEngine, AGridWithoutAFillIsProvedSoAndTheSlotAtFaultNamed)
 
     // The crossing letters rule out every pairing only once the search tries them.
     const TFillResult crossing = FillGrid(request(grid({"...", ".#.", "..."}), list({"ABC", "DEF", "AXD", "CYG"})));
-    EXPECT_EQ(crossing.Status, TFillStatus::Impossible);
-    EXPECT_FALSE(crossing.Faulty.isEmpty());
+    EXPECT_TRUE(crossing.Status == TFillStatus::Impossible && !crossing.Faulty.isEmpty());
 }
 
 TEST(FillEngine, StopsAtTheTimeLimitOrACancelAndLeavesTheGridAsItWas)
@@ -178,8 +175,7 @@ TEST(FillEngine, StopsAtTheTimeLimitOrACancelAndLeavesTheGridAsItWas)
     TFillRequest r = endless();
     r.TimeLimit = 0.2;
     const TFillResult timed = FillGrid(r);
-    EXPECT_EQ(timed.Status, TFillStatus::TimedOut);
-    EXPECT_EQ(entries(timed.Grid), entries(r.Grid));
+    EXPECT_TRUE(timed.Status == TFillStatus::TimedOut && SameRecord(timed.Grid, r.Grid));
 
     std::atomic<bool> cancel = false;
     r.TimeLimit = 0;
@@ -189,8 +185,7 @@ TEST(FillEngine, StopsAtTheTimeLimitOrACancelAndLeavesTheGridAsItWas)
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
     cancel = true;
     worker.join();  // a search that missed the flag would never return
-    EXPECT_EQ(cancelled.Status, TFillStatus::Cancelled);
-    EXPECT_EQ(entries(cancelled.Grid), entries(r.Grid));
+    EXPECT_TRUE(cancelled.Status == TFillStatus::Cancelled && SameRecord(cancelled.Grid, r.Grid));
 }
 
 TEST(FillEngine, ARegionFillWritesOnlyTheEmptyAreaConnectedToTheWord)
@@ -210,8 +205,6 @@ TEST(FillEngine, ARegionFillWritesOnlyTheEmptyAreaConnectedToTheWord)
     ASSERT_EQ(filled.Status, TFillStatus::Filled);
     for (int c = 1; c <= 7; ++c)
         for (int row = 1; row <= 7; ++row)
-            if (!inRegion(c, row)) {
-                EXPECT_EQ(filled.Grid.Cells(c, row), p.Cells(c, row)) << "square " << c << "," << row;
-            }
+            EXPECT_TRUE(inRegion(c, row) || filled.Grid.Cells(c, row) == p.Cells(c, row)) << "square " << c << "," << row;
     EXPECT_EQ(filled.Grid.GetWord(1, 1, 'd'), "ADGCJMP");
 }

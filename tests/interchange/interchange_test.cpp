@@ -11,11 +11,12 @@
 #include <QRandomGenerator>
 
 #include "clirun.h"
-#include <array>
-
 #include "testsupport.h"
 
 #include <gtest/gtest.h>
+
+#include <array>
+#include <utility>
 
 namespace {
 
@@ -346,16 +347,14 @@ TEST(Interchange, TheCommandLineConvertsByExtensionAndWritesNothingOnFailure)
     const TScratchDir dir;
     const QString finished = QStringLiteral(QUILLMARK_EXAMPLES "/sunday-stroll.xwd");
     const QString unfinished = QStringLiteral(QUILLMARK_EXAMPLES "/harbour-lights.xwd");
-    EXPECT_EQ(RunCli({"convert", finished, dir.path("s.puz")}).code, 0);
-    EXPECT_EQ(RunCli({"convert", dir.path("s.puz"), dir.path("s.ipuz")}).code, 0);
-    EXPECT_EQ(RunCli({"convert", dir.path("s.ipuz"), dir.path("s.xwd")}).code, 0);
+    for (const auto &[from, to] : {std::pair{finished, dir.path("s.puz")}, {dir.path("s.puz"), dir.path("s.ipuz")}, {dir.path("s.ipuz"), dir.path("s.xwd")}})
+        EXPECT_EQ(RunCli({"convert", from, to}).code, 0) << to.toStdString();
     expectSameContent(LoadPuzzleFile(finished).Puzzle, LoadPuzzleFile(dir.path("s.xwd")).Puzzle);
     EXPECT_EQ(QJsonDocument::fromJson(ReadFileBytes(dir.path("s.ipuz"))).object().value(u"title").toString(), u"s");
     EXPECT_EQ(RunCli({"info", dir.path("s.puz")}).code, 0);
 
     const TCliRun refused = RunCli({"convert", unfinished, dir.path("h.puz")});
-    EXPECT_EQ(refused.code, 3);
-    EXPECT_TRUE(refused.err.contains(u"not finished"));
+    EXPECT_TRUE(refused.code == 3 && refused.err.contains(u"not finished")) << refused.err.toStdString();
     EXPECT_FALSE(QFile::exists(dir.path("h.puz")));
 
     ASSERT_TRUE(WriteFileBytes(dir.path("bad.puz"), ReadFileBytes(dir.path("s.puz")).left(200)));

@@ -12,14 +12,10 @@ const QRect RightScreen(1600, 0, 1280, 1024);
 
 }  // namespace
 
-TEST(FitBoundsToScreen, BoundsOnTheScreenAreKept)
+TEST(FitBoundsToScreen, BoundsOnTheScreenAreKeptAndAWindowOffItComesBackWhole)
 {
     EXPECT_EQ(FitBoundsToScreen(QRect(10, 20, 300, 400), Screen), QRect(10, 20, 300, 400));
     EXPECT_EQ(FitBoundsToScreen(QRect(1700, 10, 300, 400), RightScreen), QRect(1700, 10, 300, 400));
-}
-
-TEST(FitBoundsToScreen, AWindowOffTheScreenComesBackWhole)
-{
     // Saved on a second monitor that is gone, or dragged far past the left edge.
     EXPECT_EQ(FitBoundsToScreen(100000, 50, 300, 400, Screen), QRect(1300, 50, 300, 400));
     EXPECT_EQ(FitBoundsToScreen(-5000, -5000, 300, 400, Screen), QRect(0, 0, 300, 400));

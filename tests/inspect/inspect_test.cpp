@@ -48,15 +48,12 @@ TEST(ScanGrid, ScanForOrderAcrossBeforeDownAndRowByRow)
     EXPECT_TRUE(ScanFor(p, "").isEmpty());
 }
 
-TEST(ScanGrid, LookAlikesShareTheFirstOrLastThreeLettersAndAreComplete)
+// Look-alikes share the first or last three letters and are complete.
+TEST(ScanGrid, ScanAllGroupsLaterLookAlikesAndFlagsARepeat)
 {
     EXPECT_TRUE(WordsAlike("STONE", "STORM") && WordsAlike("STONE", "PHONE"));
     EXPECT_FALSE(WordsAlike("STORM", "PHONE"));
     EXPECT_FALSE(WordsAlike(QByteArray("STO\0E", 5), "STORM") || WordsAlike("STONE", QByteArray("STO\0M", 5)));
-}
-
-TEST(ScanGrid, ScanAllGroupsLaterLookAlikesAndFlagsARepeat)
-{
     const TPuzzle p = grid11({"STONE######", "###########", "STORM######", "###########", "PHONE######",
                               "###########", "STONE######", "###########", "ST.RE######"}, {}, u'#');
     const TScanResult r = ScanAll(p);
@@ -74,7 +71,7 @@ auto counts(const TAnalysis &a)
                       a.AverageLength, a.UnkeyedSquares, a.BlackSquares, a.OpenSquares);
 }
 
-TEST(Analysis, EmptyGridIsOneWordPerRowAndColumn)
+TEST(Analysis, AnOpenGridIsOneWordPerRowAndColumnSymmetryIsTheHalfTurnAndNoWordsAverageZero)
 {
     TPuzzle p;
     p.Size = 15;
@@ -83,6 +80,17 @@ TEST(Analysis, EmptyGridIsOneWordPerRowAndColumn)
     EXPECT_TRUE(a.Symmetric);
     EXPECT_EQ(a.Identifier, "INCOMPLETE");
     EXPECT_EQ(a.Caption, "Puzzle Analysis");
+
+    // Symmetry is the half-turn test only.
+    p.Cells(1, 1) = p.Cells(15, 15) = BlockChar;
+    EXPECT_TRUE(AnalysePuzzle(p).Symmetric);
+    p.Cells(15, 15) = 0;
+    p.Cells(15, 1) = BlockChar;  // mirrored across the vertical centre line only
+    EXPECT_FALSE(AnalysePuzzle(p).Symmetric);
+    for (int r = 1; r <= 15; ++r)
+        for (int c = 1; c <= 15; ++c)
+            p.Cells(c, r) = BlockChar;
+    EXPECT_EQ(std::pair(AnalysePuzzle(p).Words, AnalysePuzzle(p).AverageLength), std::pair(0, 0)) << "no words average zero";
 }
 
 TEST(Analysis, FinishedGridCountsWordsLettersAndNamesItself)
@@ -102,22 +110,6 @@ TEST(Analysis, FinishedGridCountsWordsLettersAndNamesItself)
     EXPECT_EQ(a.Caption, "Puzzle Analysis (French)");
     p.Cells(3, 1) = 0;
     EXPECT_EQ(AnalysePuzzle(p).Identifier, "INCOMPLETE");
-}
-
-TEST(Analysis, SymmetryIsTheHalfTurnTestOnlyAndNoWordsAverageZero)
-{
-    TPuzzle p;
-    p.Size = 15;
-    p.Cells(1, 1) = p.Cells(15, 15) = BlockChar;
-    EXPECT_TRUE(AnalysePuzzle(p).Symmetric);
-    p.Cells(15, 15) = 0;
-    p.Cells(15, 1) = BlockChar;  // mirrored across the vertical centre line only
-    EXPECT_FALSE(AnalysePuzzle(p).Symmetric);
-
-    for (int r = 1; r <= 15; ++r)
-        for (int c = 1; c <= 15; ++c)
-            p.Cells(c, r) = BlockChar;
-    EXPECT_EQ(std::pair(AnalysePuzzle(p).Words, AnalysePuzzle(p).AverageLength), std::pair(0, 0));
 }
 
 TEST(Transforms, InvertTwiceIsTheIdentityFourRotationsKeepTheSquaresButNotTheDownClues)

@@ -5,20 +5,10 @@
 
 #include <tuple>
 
-namespace {
-
-TPuzzle Open15()
+TEST(WordStarts, OpenGridNumbersRowOneAndColumnOne)
 {
     TPuzzle p;
     p.ClearPuzzle(15, 'N', {}, 0);
-    return p;
-}
-
-}  // namespace
-
-TEST(WordStarts, OpenGridNumbersRowOneAndColumnOne)
-{
-    const TPuzzle p = Open15();
     EXPECT_EQ(WordCount(p), 30);
     const TGridArray<int> numbers = SquareNumbers(p);
     for (int c = 1; c <= 15; ++c)

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace {
 
 constexpr int English = 0, French = 1, Spanish = 2, German = 4, Danish = 7, Multilingual = 8;
@@ -119,8 +121,7 @@ TEST(WordListMerging, PersonalListRoundTrips)
     ASSERT_TRUE(WritePersonalList(dir.path("sub/personal.txt"), list));
     const TPersonalList back = ReadPersonalList(dir.path("sub/personal.txt"));
     ASSERT_EQ(back.Added.size(), 1);
-    EXPECT_EQ(back.Added[0].Word, QStringLiteral("Ärger"));
-    EXPECT_EQ(back.Added[0].Score, 77);
+    EXPECT_EQ(std::pair(back.Added[0].Word, back.Added[0].Score), std::pair(QStringLiteral("Ärger"), 77));
     EXPECT_EQ(back.Excluded, QStringList{QStringLiteral("crud")});
 }
 

@@ -14,6 +14,8 @@
 
 #include <QDir>
 
+#include <tuple>
+
 namespace {
 
 const QString Grid = "size 11\ngrid\n" + GridRows({}, 11, u'.') + "clues\n1A first\n";
@@ -174,9 +176,7 @@ TEST_F(PuzzleSession, FailedWritesChangeNothing)
         PuzzleChanged = std::string(name) != "new";
         EXPECT_FALSE(command());
         EXPECT_EQ(EncodePuzzle(Puzzle), before);
-        EXPECT_EQ(CurrentPuzzlePath, path);
-        EXPECT_EQ(PuzzleMode, ConstructMode);
-        EXPECT_EQ(PuzzleChanged, std::string(name) != "new");
+        EXPECT_EQ(std::tuple(CurrentPuzzlePath, PuzzleMode, PuzzleChanged), std::tuple(path, ConstructMode, std::string(name) != "new"));
         EXPECT_TRUE(events.isEmpty()) << events.join(", ").toStdString();
         EXPECT_EQ(prompts->Errors.size(), 1);
     }

@@ -31,20 +31,16 @@ QByteArray noise(int size)
 }
 
 // Lets files grow only to `bytes` while it lives, as a full disk would.
-class TFileSizeLimit {
-public:
+struct TFileSizeLimit {
     explicit TFileSizeLimit(rlim_t bytes)
     {
         signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &saved_);
-        rlimit limit = saved_;
-        limit.rlim_cur = bytes;
+        getrlimit(RLIMIT_FSIZE, &saved);
+        const rlimit limit{bytes, saved.rlim_max};
         setrlimit(RLIMIT_FSIZE, &limit);
     }
-    ~TFileSizeLimit() { setrlimit(RLIMIT_FSIZE, &saved_); }
-
-private:
-    rlimit saved_{};
+    ~TFileSizeLimit() { setrlimit(RLIMIT_FSIZE, &saved); }
+    rlimit saved{};
 };
 
 }  // namespace

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace {
 
 const char *const Solved =
@@ -12,10 +14,11 @@ const char *const Solved =
 
 }  // namespace
 
-TEST(Scoring, EverySquareMustMatchByteForByte)
+TEST(Scoring, EverySquareMustMatchByteForByteAndClearingEmptiesTheGridOnly)
 {
     TPuzzle p = PuzzleFrom(QString::fromLatin1(Solved));
     EXPECT_TRUE(IsPuzzleCorrect(p)) << "black squares need no entry";
+    EXPECT_EQ(ErrorCross(2, 3, 30), (std::array{QLine(36, 66, 55, 85), QLine(55, 66, 36, 85)})) << "inside its square";
 
     p.Entries(3, 3) = 0;
     EXPECT_FALSE(IsPuzzleCorrect(p)) << "an empty square is an error, there is no 'incomplete'";
@@ -28,11 +31,9 @@ TEST(Scoring, EverySquareMustMatchByteForByte)
     EXPECT_EQ(ErrorSquares(p), QList<QPoint>{QPoint(2, 2)});
     p.Size = 2;  // squares outside the grid are never judged
     EXPECT_EQ(ErrorSquares(p), QList<QPoint>{QPoint(2, 2)});
-}
 
-TEST(Scoring, ClearEntriesEmptiesTheGridOnly)
-{
-    TPuzzle p = PuzzleFrom(QString::fromLatin1(Solved));
+    // Clearing the entries empties the grid only.
+    p = PuzzleFrom(QString::fromLatin1(Solved));
     p.Entries(5, 5) = 'Z';
     ClearEntries(p);
     for (int c = 1; c <= 3; ++c)
@@ -42,10 +43,6 @@ TEST(Scoring, ClearEntriesEmptiesTheGridOnly)
     EXPECT_FALSE(IsPuzzleCorrect(p));
 }
 
-TEST(Scoring, ErrorCrossSitsInsideItsSquare)
-{
-    EXPECT_EQ(ErrorCross(2, 3, 30), (std::array{QLine(36, 66, 55, 85), QLine(55, 66, 36, 85)}));
-}
 
 TEST(ClockTime, CountsToTheHourAndWrapsAtTen)
 {

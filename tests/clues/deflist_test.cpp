@@ -16,7 +16,7 @@ const char *const Repeated = "size 5\ngrid\nCAT#X\nOXO#Y\nWXYZW\nS#O#Z\nCAT#Z\n"
 
 }  // namespace
 
-TEST(DefList, LinesPadTheNumberAndEndWithTheAnswer)
+TEST(DefList, LinesPadTheNumberEndWithTheAnswerAndReadBack)
 {
     EXPECT_EQ(DefLine(7, "Feline", "CAT"), QByteArray("    7  Feline  | CAT"));
     EXPECT_EQ(DefLine(12, "", "DOG"), QByteArray("  12    | DOG"));
@@ -26,6 +26,11 @@ TEST(DefList, LinesPadTheNumberAndEndWithTheAnswer)
     const QList<QByteArray> lines{"    1  a  | X", "  10  b  | Y", "100  c  | Z"};
     for (const auto &[number, line] : {std::pair{1, 0}, {10, 1}, {100, 2}, {2, -1}})
         EXPECT_EQ(FindDefLineIndex(lines, number), line) << number;
+
+    const auto read = [](const char *line) { return std::pair(ReadDefLine(line).Number, ReadDefLine(line).Answer); };
+    EXPECT_EQ(read("    7  Feline  | CAT"), std::pair(7, QByteArray("CAT")));
+    EXPECT_EQ(read("  42  x | y  | DOG"), std::pair(42, QByteArray("y  | DOG"))) << "the first bar ends the clue";
+    EXPECT_EQ(read("123    | ABCDEFGHIJKLMNOPQRSTUVWXYZ"), std::pair(123, QByteArray("ABCDEFGHIJKLMNOPQRSTUVW")));
 }
 
 TEST(DefList, FillingNumbersASharedSquareOnceInBothLists)
@@ -36,14 +41,6 @@ TEST(DefList, FillingNumbersASharedSquareOnceInBothLists)
     EXPECT_EQ(lists.Down.value(0), QByteArray("    1    | AEINQ"));
     EXPECT_EQ(lists.Down.value(2), QByteArray("    3  Tree  | CGKOS"));
     EXPECT_EQ(lists.Down.size(), 4);
-}
-
-TEST(DefList, ALineReadsBackToItsNumberAndAnswer)
-{
-    const auto read = [](const char *line) { return std::pair(ReadDefLine(line).Number, ReadDefLine(line).Answer); };
-    EXPECT_EQ(read("    7  Feline  | CAT"), std::pair(7, QByteArray("CAT")));
-    EXPECT_EQ(read("  42  x | y  | DOG"), std::pair(42, QByteArray("y  | DOG"))) << "the first bar ends the clue";
-    EXPECT_EQ(read("123    | ABCDEFGHIJKLMNOPQRSTUVWXYZ"), std::pair(123, QByteArray("ABCDEFGHIJKLMNOPQRSTUVW")));
 }
 
 TEST(DefList, AClickedLineLeadsToTheWordWithItsOwnNumber)

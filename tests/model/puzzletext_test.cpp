@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
 const QString Rows = QStringLiteral("...........\n").repeated(9);
@@ -15,13 +17,8 @@ const QString Text = QString::fromUtf8("; a comment\nsize 11\nbyline Zoë Maker\
 TEST(PuzzleText, CluesTakeTheSlotOfTheirPlaceInReadingOrder)
 {
     const TPuzzle p = PuzzleFromText(Text);
-    EXPECT_EQ(p.Size, 11);
-    EXPECT_EQ(p.Language, 1);
-    EXPECT_EQ(FromCp1252(p.Byline.text()), QString::fromUtf8("Zoë Maker"));
-    EXPECT_EQ(p.Cells(1, 1), 201);
-    EXPECT_EQ(p.Cells(4, 1), BlockChar);
-    EXPECT_EQ(p.Cells(1, 11), OpenChar);
-    EXPECT_EQ(p.Entries(1, 1), 201);
+    EXPECT_EQ(std::tuple(int(p.Size), int(p.Language), FromCp1252(p.Byline.text())), std::tuple(11, 1, QString::fromUtf8("Zoë Maker")));
+    EXPECT_EQ(std::tuple(p.Cells(1, 1), p.Cells(4, 1), p.Cells(1, 11), p.Entries(1, 1)), std::tuple(201, BlockChar, OpenChar, 201));
     // Reading order: 1A, 1D, 2D, 3D, then 4A at (5, 1): 3D is word 4, 4A word 5.
     EXPECT_EQ(p.slotAt(1, 1, Direction::Across), 1);
     EXPECT_EQ(p.slotAt(1, 1, Direction::Down), 0) << "an unclued word has no slot";
@@ -94,10 +91,7 @@ TEST(PuzzleText, FieldsAtTheirLimitsAreKeptWhole)
     const TPuzzle p = PuzzleFromText("size 23\nlanguage 8\nbyline " + QString(60, u'b') + "\ngrid\n"
                                      + QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVW\n").repeated(23) + "clues\n1A "
                                      + QString(80, u'c') + "\n");
-    EXPECT_EQ(p.Size, 23);
-    EXPECT_EQ(p.Language, 8);
-    EXPECT_EQ(p.Byline.text(), QByteArray(60, 'b'));
-    EXPECT_EQ(p.clue(1), QByteArray(80, 'c'));
+    EXPECT_EQ(std::tuple(int(p.Size), int(p.Language), p.Byline.text(), p.clue(1)), std::tuple(23, 8, QByteArray(60, 'b'), QByteArray(80, 'c')));
 }
 
 TEST(PuzzleText, ABlackSquareKeepsNoSolversLetter)

@@ -30,7 +30,7 @@ TEST(FitBoundsToScreen, SizesShrinkToTheScreenWithoutOverflow)
     EXPECT_EQ(FitBoundsToScreen(5, 5, 0, -20, Screen), QRect(5, 5, 1, 1));
 }
 
-TEST(FitSquareSize, TheGridWindowFitsTheScreen)
+TEST(FitSquareSize, TheGridWindowFitsTheScreenAndFontsStayBetweenOneAndTheLargestSize)
 {
     // 1000 high, less a title bar and the 9-pixel margin: 959 pixels for the squares.
     EXPECT_EQ(FitSquareSize(INT_MAX, 40, 23, 9, Screen), 959 / 23);
@@ -39,10 +39,7 @@ TEST(FitSquareSize, TheGridWindowFitsTheScreen)
     EXPECT_EQ(FitSquareSize(0, 40, 23, 9, Screen), 40) << "no setting: the fallback";
     EXPECT_EQ(FitSquareSize(-7, 400, 23, 9, Screen), 959 / 23) << "the fallback fits too";
     EXPECT_EQ(FitSquareSize(50, 40, 23, 9, QRect(0, 0, 20, 20)), 1);
-}
-
-TEST(FitFontSize, FontsStayBetweenOneAndTheLargestSize)
-{
+    // Fonts stay between one point and the largest size.
     for (const auto &[size, fallback, fitted] : {std::tuple{11, 9, 11}, {700, 9, MaxFontPointSize}, {INT_MAX, 9, MaxFontPointSize},
                                                  {0, 9, 9}, {-3, 900, MaxFontPointSize}})
         EXPECT_EQ(FitFontSize(size, fallback), fitted) << size << " falling back to " << fallback;

@@ -7,6 +7,7 @@
 
 #include <random>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -56,13 +57,8 @@ void expectValidFill(const TPuzzle &before, const TPuzzle &after, const TWordLis
 }
 
 // A 7 x 7 pattern filled with random letters: its entries plus random decoys make a list
-// with at least one fill, which the search has to find among the decoys.
-struct TPlanted {
-    TPuzzle Empty;
-    TWords Words;
-};
-
-TPlanted planted()
+// with at least one fill, which the search has to find among the decoys. The empty grid, the list.
+std::pair<TPuzzle, TWords> planted()
 {
     const QStringList rows = {"....#..", ".......", "..#....", "...#...", "....#..", ".......", "..#...."};
     TPuzzle solution = grid(rows);
@@ -71,12 +67,12 @@ TPlanted planted()
         for (int r = 1; r <= 7; ++r)
             if (!solution.isBlock(c, r))
                 solution.Cells(c, r) = uint8_t('A' + random() % 26);
-    TPlanted out{grid(rows), list(entries(solution))};
+    std::pair out{grid(rows), list(entries(solution))};
     for (int i = 0; i < 1000; ++i) {
         QByteArray decoy;
         for (int n = 2 + int(random() % 6); n > 0; --n)
             decoy.append(char('A' + random() % 26));
-        out.Words->add(decoy.toStdString(), int(random() % 101));
+        out.second->add(decoy.toStdString(), int(random() % 101));
     }
     return out;
 }
@@ -107,13 +103,13 @@ TFillRequest endless()
 
 TEST(FillEngine, FillsAPlantedGridValidlyAndTheSameSeedGivesTheSameFill)
 {
-    const TPlanted p = planted();
+    const auto [empty, words] = planted();
     for (quint64 seed : {1, 2, 3}) {
-        TFillRequest r = request(p.Empty, p.Words);
+        TFillRequest r = request(empty, words);
         r.Seed = seed;
         const TFillResult first = FillGrid(r);
         ASSERT_EQ(first.Status, TFillStatus::Filled) << "seed " << seed;
-        expectValidFill(p.Empty, first.Grid, *p.Words);
+        expectValidFill(empty, first.Grid, *words);
         const TFillResult again = FillGrid(r);
         EXPECT_EQ(entries(again.Grid), entries(first.Grid)) << "seed " << seed;
     }

@@ -11,12 +11,6 @@ namespace {
 
 constexpr int English = 0, French = 1, Spanish = 2, German = 4, Danish = 7, Multilingual = 8;
 
-// The normalised word shown as text, "" when it is left out.
-QString norm(const QString &word, int language)
-{
-    return FromCp1252(NormaliseWord(word, language));
-}
-
 int scoreOf(const TWordList &list, const QString &word)
 {
     const int at = list.find(View(ToCp1252(word)));
@@ -37,7 +31,7 @@ class WordNormalisation : public ::testing::TestWithParam<NormalisationCase> {};
 TEST_P(WordNormalisation, BringsTheWordIntoTheGridLanguage)
 {
     const NormalisationCase &c = GetParam();
-    EXPECT_EQ(norm(QString::fromUtf16(c.word), c.language), QString::fromUtf16(c.expected));
+    EXPECT_EQ(FromCp1252(NormaliseWord(QString::fromUtf16(c.word), c.language)), QString::fromUtf16(c.expected)) << "\"\" leaves it out";
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -273,10 +273,8 @@ TEST(UndoHistory, TheBoundsDropTheOldestStepsFirst)
     for (char letter : {'A', 'B', 'C', 'D', 'E'})
         record(byCount, QString(QChar(letter)), [letter](TPuzzle &q) { q.Cells(5, 5) = uint8_t(letter); });
     QStringList kept;
-    while (byCount.CanUndo()) {
+    for (; byCount.CanUndo(); byCount.Undo(p))
         kept.append(byCount.UndoCaption());
-        byCount.Undo(p);
-    }
     EXPECT_EQ(kept, QStringList({"E", "D", "C"}));
     EXPECT_EQ(p.Cells(5, 5), 'B') << "the record as the oldest step kept found it";
 

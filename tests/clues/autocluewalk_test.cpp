@@ -186,8 +186,7 @@ TEST_F(AutoclueWalk, TheWalkStopsAtTheWordLimit)
         w.Open(threading);
         while (w.WordLimitWarnings == 0 && w.Shown.size() < 200)
             w.Press(1);
-        EXPECT_EQ(w.WordLimitWarnings, 1);
-        EXPECT_EQ(w.NoMoreCluesFlashes, 0);
+        EXPECT_EQ(std::pair(w.WordLimitWarnings, w.NoMoreCluesFlashes), std::pair(1, 0));
         ASSERT_EQ(w.Shown.size(), shown);
         const QStringList last = w.Shown.last().split(u' ');
         EXPECT_TRUE(last[0].endsWith(u'a')) << w.last();

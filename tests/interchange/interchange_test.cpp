@@ -15,6 +15,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -146,10 +147,7 @@ TEST(Interchange, BadInputIsRefusedWithItsReason)
     wrongMagic[3] = 'X';
     QByteArray scrambled = puz;  // locked, but with a digit no key could have made
     scrambled[0x32] = 4;
-    const TPuzzle source = generated(15, 9, true);
-    int white = 0;  // the first white square, row by row
-    while (source.isBlock(white % 15 + 1, white / 15 + 1))
-        ++white;
+    const int white = int(std::find_if(puz.begin() + 0x34, puz.end(), [](char c) { return c != '.'; }) - puz.begin()) - 0x34;
     QByteArray rebusGrid(15 * 15, '\0');
     rebusGrid[white] = 1;
     scrambled[0x34 + white] = '7';

@@ -110,8 +110,7 @@ TEST_F(PuzzleSession, OneSaveChangesPathForEveryWayOut)
         answer({TAnswer::Cancel});
         EXPECT_FALSE(leave()) << "Cancel stays with the puzzle";
         EXPECT_EQ(prompts->Asked, QStringList{Question}) << "asked once, and nothing else";
-        EXPECT_TRUE(PuzzleChanged);
-        EXPECT_TRUE(Session().IsOpen());
+        EXPECT_TRUE(PuzzleChanged && Session().IsOpen());
 
         answer({TAnswer::No});
         leave();
@@ -285,8 +284,7 @@ TEST(UndoHistory, TheBoundsDropTheOldestStepsFirst)
             for (int slot = 1; slot <= ClueSlots; ++slot)
                 q.setClue(slot, QByteArray(MaxClueLength, char('a' + i)));
         });
-    EXPECT_GT(byBytes.Count(), 0);
-    EXPECT_LT(byBytes.Count(), 20);
+    EXPECT_TRUE(byBytes.Count() > 0 && byBytes.Count() < 20) << byBytes.Count();
     EXPECT_LE(byBytes.Bytes(), 100 * 1024);
     EXPECT_EQ(byBytes.UndoCaption(), "19");
 }

@@ -51,14 +51,12 @@ TEST(DefList, AClickedLineLeadsToTheWordWithItsOwnNumber)
     ASSERT_EQ(lists.Across.last(), QByteArray("    7    | CAT"));
 
     const TDefListTarget first = FindDefLineWord(p, lists.Across.first(), Direction::Across);
-    EXPECT_TRUE(first.Found);
-    EXPECT_EQ(std::tuple(first.Col, first.Row, first.Number, first.Slot, first.Dir), std::tuple(1, 1, 1, 1, 'a'));
+    EXPECT_EQ(std::tuple(first.Found, first.Col, first.Row, first.Number, first.Slot, first.Dir), std::tuple(true, 1, 1, 1, 1, 'a'));
     const TDefListTarget last = FindDefLineWord(p, lists.Across.last(), Direction::Across);
     EXPECT_EQ(std::tuple(last.Col, last.Row, last.Number, last.Dir), std::tuple(1, 5, 7, 'a'));
 
     // The slot counts every word before it in reading order, across before down at a square.
-    const QList<TWordRef> words = WordsInSlotOrder(p);
-    for (const TWordRef &w : words) {
+    for (const TWordRef &w : WordsInSlotOrder(p)) {
         const QList<QByteArray> &list = w.Dir == Direction::Across ? lists.Across : lists.Down;
         const char dir = char(w.Dir);
         const int line = FindDefLineIndex(list, w.Number);

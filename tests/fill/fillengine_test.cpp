@@ -123,7 +123,6 @@ TEST(FillEngine, KeepsGivenLettersAndFillsOpenSquares)
     const auto words = list({"BAT", "ORE", "WED", "BOW", "ARE", "TED", "CAB", "OAR", "BAD", "CAT"});
     const TFillResult r = FillGrid(request(p, words));
     ASSERT_EQ(r.Status, TFillStatus::Filled);
-    expectValidFill(p, r.Grid, *words);
     EXPECT_EQ(entries(r.Grid), (QList<QByteArray>{"BAT", "BOW", "ARE", "TED", "ORE", "WED"}));
 }
 

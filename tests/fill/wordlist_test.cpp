@@ -68,8 +68,7 @@ TEST(WordListFiles, ReadScoresAndReportMalformedLinesByNumber)
     EXPECT_EQ(scoreOf(read.Words, "BANANA"), PlainWordScore);
     EXPECT_EQ(scoreOf(read.Words, "DATES"), 7);
     ASSERT_EQ(read.Problems.size(), 2);
-    EXPECT_EQ(read.Problems[0].Line, 4);
-    EXPECT_EQ(read.Problems[1].Line, 5);
+    EXPECT_EQ(std::pair(read.Problems[0].Line, read.Problems[1].Line), std::pair(4, 5));
     EXPECT_EQ(read.LeftOut, 1);
 }
 

@@ -43,9 +43,7 @@ TEST(ScanGrid, ScanForOrderAcrossBeforeDownAndRowByRow)
     // A run across an empty square never matches; an empty text lists nothing.
     TPuzzle gap = p;
     gap.Cells(2, 1) = 0;
-    EXPECT_TRUE(ScanFor(gap, "AR").isEmpty());
-    EXPECT_TRUE(ScanFor(gap, QByteArray("\0R", 2)).isEmpty());
-    EXPECT_TRUE(ScanFor(p, "").isEmpty());
+    EXPECT_TRUE(ScanFor(gap, "AR").isEmpty() && ScanFor(gap, QByteArray("\0R", 2)).isEmpty() && ScanFor(p, "").isEmpty());
 }
 
 // Look-alikes share the first or last three letters and are complete.

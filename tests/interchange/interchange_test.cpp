@@ -125,14 +125,12 @@ TEST(Interchange, PuzChecksumsAreRightOnWriteAndADamagedFileOpensWithAWarning)
     for (const int at : {0x34, int(puz.size()) - 10}) {  // a letter of the solution; a clue
         QByteArray damaged = puz;
         damaged[at] = damaged[at] == 'Q' ? 'R' : 'Q';
-        const TImportedPuzzle imported = ImportPuzzle(damaged, TFileKind::Puz);
-        ASSERT_FALSE(imported.Warnings.isEmpty()) << at;
-        EXPECT_TRUE(imported.Warnings.front().contains(u"checksums")) << at;
+        EXPECT_TRUE(ImportPuzzle(damaged, TFileKind::Puz).Warnings.value(0).contains(u"checksums")) << at;
     }
     // A damaged extra section is noticed too.
     QByteArray gext = section("GEXT", QByteArray(15 * 15, '\0'));
     gext[6] = char(gext[6] ^ 1);
-    EXPECT_TRUE(ImportPuzzle(puz + gext, TFileKind::Puz).Warnings.front().contains(u"checksums"));
+    EXPECT_TRUE(ImportPuzzle(puz + gext, TFileKind::Puz).Warnings.value(0).contains(u"checksums"));
 
     // The timer and the marks of checked squares read without error; what is lost is told.
     const QByteArray extras = section("GEXT", QByteArray(15 * 15, '\x10')) + section("LTIM", "125,1");
@@ -236,8 +234,7 @@ TEST(Interchange, PuzFilesFromOtherProgramsOpenAndSayWhatTheyLose)
     const TPuzzle source = generated(15, 9, true);
     const QByteArray puz = ExportPuzzle(source, TFileKind::Puz, QStringLiteral("Sunday Best"));
 
-    const TImportedPuzzle preambled = ImportPuzzle("Downloaded from the paper\r\n" + puz, TFileKind::Puz);
-    expectSameContent(source, preambled.Puzzle);
+    expectSameContent(source, ImportPuzzle("Downloaded from the paper\r\n" + puz, TFileKind::Puz).Puzzle);
 
     const TImportedPuzzle unlocked = ImportPuzzle(locked(puz, 15, {2, 7, 4, 1}), TFileKind::Puz);
     expectSameContent(source, unlocked.Puzzle);

@@ -106,8 +106,7 @@ TEST(OpenPuzzleFile, ConvertsAVersion5FileOnDisk)
     ASSERT_TRUE(WriteFileBytes(path, EncodePuzzle5(small())));
     ASSERT_EQ(QFile(path).size(), PuzzleFile5Size);
 
-    const TLoadedPuzzle peek = LoadPuzzleFile(path);
-    EXPECT_EQ(peek.Format, PuzzleFormat::Version5);
+    EXPECT_EQ(LoadPuzzleFile(path).Format, PuzzleFormat::Version5);
     EXPECT_EQ(QFile(path).size(), PuzzleFile5Size) << "loading alone never rewrites";
 
     OpenPuzzleFile(path);

@@ -21,6 +21,7 @@ TEST_F(SettingsStore, ValuesReadBackWithTheDefaultsType)
 {
     EXPECT_EQ(ReadSetting(QStringLiteral("FontName"), QStringLiteral("Arial")), QVariant(QStringLiteral("Arial")))
         << "never written: the default, with its type";
+    EXPECT_EQ(ReadText(Setting::NameShown), "Quillmark") << "the preferences dialog's placeholder for an empty Name";
     WriteSetting(QStringLiteral("Name"), QString());
     EXPECT_EQ(ReadSetting(QStringLiteral("Name"), QStringLiteral("default")).toString(), QString())
         << "an empty text is a value, not a missing one";

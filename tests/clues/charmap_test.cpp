@@ -19,13 +19,6 @@ TEST(CharMap, CellsHoldTheirCodeOrTheTypographicCharacter)
     EXPECT_EQ(specials, 18);
 }
 
-TEST(CharMap, CellsScaleWithTheScreen)
-{
-    EXPECT_EQ(CharMapScaled(CharMapCellWidth, 96), 16);
-    EXPECT_EQ(CharMapScaled(CharMapCellWidth, 144), 24);
-    EXPECT_EQ(CharMapScaled(CharMapCellHeight, 120), 24);   // 23.75
-}
-
 TEST(CharMap, TheCharacterGoesBeforeTheSelection)
 {
     int caret = -1;

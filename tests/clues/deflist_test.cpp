@@ -16,12 +16,21 @@ const char *const Repeated = "size 5\ngrid\nCAT#X\nOXO#Y\nWXYZW\nS#O#Z\nCAT#Z\n"
 
 }  // namespace
 
-TEST(DefList, LinesPadTheNumberAndEndWithTheAnswer)
+TEST(DefList, LinesPadTheNumberEndWithTheAnswerAndReadBack)
 {
     EXPECT_EQ(DefLine(7, "Feline", "CAT"), QByteArray("    7  Feline  | CAT"));
     EXPECT_EQ(DefLine(12, "", "DOG"), QByteArray("  12    | DOG"));
     for (const auto &[number, padded] : {std::pair{9, "    9"}, {10, "  10"}, {99, "  99"}, {100, "100"}, {179, "179"}})
         EXPECT_EQ(PadNumber(number), QByteArray(padded));
+    // A replaced line is found again by its padded number.
+    const QList<QByteArray> lines{"    1  a  | X", "  10  b  | Y", "100  c  | Z"};
+    for (const auto &[number, line] : {std::pair{1, 0}, {10, 1}, {100, 2}, {2, -1}})
+        EXPECT_EQ(FindDefLineIndex(lines, number), line) << number;
+
+    const auto read = [](const char *line) { return std::pair(ReadDefLine(line).Number, ReadDefLine(line).Answer); };
+    EXPECT_EQ(read("    7  Feline  | CAT"), std::pair(7, QByteArray("CAT")));
+    EXPECT_EQ(read("  42  x | y  | DOG"), std::pair(42, QByteArray("y  | DOG"))) << "the first bar ends the clue";
+    EXPECT_EQ(read("123    | ABCDEFGHIJKLMNOPQRSTUVWXYZ"), std::pair(123, QByteArray("ABCDEFGHIJKLMNOPQRSTUVW")));
 }
 
 TEST(DefList, FillingNumbersASharedSquareOnceInBothLists)
@@ -34,15 +43,6 @@ TEST(DefList, FillingNumbersASharedSquareOnceInBothLists)
     EXPECT_EQ(lists.Down.size(), 4);
 }
 
-TEST(DefList, ALineReadsBackToItsNumberAndAnswer)
-{
-    EXPECT_EQ(ReadDefLine("    7  Feline  | CAT").Number, 7);
-    EXPECT_EQ(ReadDefLine("  42  x | y  | DOG").Number, 42);
-    EXPECT_EQ(ReadDefLine("  42  x | y  | DOG").Answer, QByteArray("y  | DOG")) << "the first bar ends the clue";
-    EXPECT_EQ(ReadDefLine("123    | ABCDEFGHIJKLMNOPQRSTUVWXYZ").Number, 123);
-    EXPECT_EQ(ReadDefLine("123    | ABCDEFGHIJKLMNOPQRSTUVWXYZ").Answer, QByteArray("ABCDEFGHIJKLMNOPQRSTUVW"));
-}
-
 TEST(DefList, AClickedLineLeadsToTheWordWithItsOwnNumber)
 {
     const TPuzzle p = PuzzleFrom(QString::fromLatin1(Repeated));
@@ -51,14 +51,12 @@ TEST(DefList, AClickedLineLeadsToTheWordWithItsOwnNumber)
     ASSERT_EQ(lists.Across.last(), QByteArray("    7    | CAT"));
 
     const TDefListTarget first = FindDefLineWord(p, lists.Across.first(), Direction::Across);
-    EXPECT_TRUE(first.Found);
-    EXPECT_EQ(std::tuple(first.Col, first.Row, first.Number, first.Slot, first.Dir), std::tuple(1, 1, 1, 1, 'a'));
+    EXPECT_EQ(std::tuple(first.Found, first.Col, first.Row, first.Number, first.Slot, first.Dir), std::tuple(true, 1, 1, 1, 1, 'a'));
     const TDefListTarget last = FindDefLineWord(p, lists.Across.last(), Direction::Across);
     EXPECT_EQ(std::tuple(last.Col, last.Row, last.Number, last.Dir), std::tuple(1, 5, 7, 'a'));
 
     // The slot counts every word before it in reading order, across before down at a square.
-    const QList<TWordRef> words = WordsInSlotOrder(p);
-    for (const TWordRef &w : words) {
+    for (const TWordRef &w : WordsInSlotOrder(p)) {
         const QList<QByteArray> &list = w.Dir == Direction::Across ? lists.Across : lists.Down;
         const char dir = char(w.Dir);
         const int line = FindDefLineIndex(list, w.Number);
@@ -68,13 +66,4 @@ TEST(DefList, AClickedLineLeadsToTheWordWithItsOwnNumber)
             << w.Number << dir;
     }
     EXPECT_FALSE(FindDefLineWord(p, "    1    | DOG", Direction::Across).Found);
-}
-
-TEST(DefList, ReplacementFindsTheLineByItsPaddedNumber)
-{
-    const QList<QByteArray> lines{"    1  a  | X", "  10  b  | Y", "100  c  | Z"};
-    EXPECT_EQ(FindDefLineIndex(lines, 1), 0);
-    EXPECT_EQ(FindDefLineIndex(lines, 10), 1);
-    EXPECT_EQ(FindDefLineIndex(lines, 100), 2);
-    EXPECT_EQ(FindDefLineIndex(lines, 2), -1);
 }

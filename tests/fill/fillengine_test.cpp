@@ -7,6 +7,7 @@
 
 #include <random>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -56,13 +57,8 @@ void expectValidFill(const TPuzzle &before, const TPuzzle &after, const TWordLis
 }
 
 // A 7 x 7 pattern filled with random letters: its entries plus random decoys make a list
-// with at least one fill, which the search has to find among the decoys.
-struct TPlanted {
-    TPuzzle Empty;
-    TWords Words;
-};
-
-TPlanted planted()
+// with at least one fill, which the search has to find among the decoys. The empty grid, the list.
+std::pair<TPuzzle, TWords> planted()
 {
     const QStringList rows = {"....#..", ".......", "..#....", "...#...", "....#..", ".......", "..#...."};
     TPuzzle solution = grid(rows);
@@ -71,12 +67,12 @@ TPlanted planted()
         for (int r = 1; r <= 7; ++r)
             if (!solution.isBlock(c, r))
                 solution.Cells(c, r) = uint8_t('A' + random() % 26);
-    TPlanted out{grid(rows), list(entries(solution))};
+    std::pair out{grid(rows), list(entries(solution))};
     for (int i = 0; i < 1000; ++i) {
         QByteArray decoy;
         for (int n = 2 + int(random() % 6); n > 0; --n)
             decoy.append(char('A' + random() % 26));
-        out.Words->add(decoy.toStdString(), int(random() % 101));
+        out.second->add(decoy.toStdString(), int(random() % 101));
     }
     return out;
 }
@@ -107,13 +103,13 @@ TFillRequest endless()
 
 TEST(FillEngine, FillsAPlantedGridValidlyAndTheSameSeedGivesTheSameFill)
 {
-    const TPlanted p = planted();
+    const auto [empty, words] = planted();
     for (quint64 seed : {1, 2, 3}) {
-        TFillRequest r = request(p.Empty, p.Words);
+        TFillRequest r = request(empty, words);
         r.Seed = seed;
         const TFillResult first = FillGrid(r);
         ASSERT_EQ(first.Status, TFillStatus::Filled) << "seed " << seed;
-        expectValidFill(p.Empty, first.Grid, *p.Words);
+        expectValidFill(empty, first.Grid, *words);
         const TFillResult again = FillGrid(r);
         EXPECT_EQ(entries(again.Grid), entries(first.Grid)) << "seed " << seed;
     }
@@ -127,7 +123,6 @@ TEST(FillEngine, KeepsGivenLettersAndFillsOpenSquares)
     const auto words = list({"BAT", "ORE", "WED", "BOW", "ARE", "TED", "CAB", "OAR", "BAD", "CAT"});
     const TFillResult r = FillGrid(request(p, words));
     ASSERT_EQ(r.Status, TFillStatus::Filled);
-    expectValidFill(p, r.Grid, *words);
     EXPECT_EQ(entries(r.Grid), (QList<QByteArray>{"BAT", "BOW", "ARE", "TED", "ORE", "WED"}));
 }
 
@@ -135,8 +130,7 @@ TEST(FillEngine, NeverRepeatsAnEntryNorReusesOneAlreadyInTheGrid)
 {
     // A word square of CAT ARE TEN needs each word twice.
     const TFillResult square = FillGrid(request(grid({"...", "...", "..."}), list({"CAT", "ARE", "TEN"})));
-    EXPECT_EQ(square.Status, TFillStatus::Impossible);
-    EXPECT_FALSE(square.Faulty.isEmpty());
+    EXPECT_TRUE(square.Status == TFillStatus::Impossible && !square.Faulty.isEmpty());
 
     // BAT stands complete in the grid, so the open slot may not take it.
     const TPuzzle taken = grid({"BAT", "###", "..."});
@@ -148,10 +142,9 @@ TEST(FillEngine, NeverRepeatsAnEntryNorReusesOneAlreadyInTheGrid)
 
 TEST(FillEngine, LeavesOutWordsBelowTheMinimumScore)
 {
-    const TPuzzle p = grid({"...", "###", "..."});
     TWords words = list({"CAT"}, 80);
     words->add("DOG", 20);
-    TFillRequest r = request(p, words);
+    TFillRequest r = request(grid({"...", "###", "..."}), words);
     EXPECT_EQ(FillGrid(r).Status, TFillStatus::Filled);
     r.MinScore = 30;
     EXPECT_EQ(FillGrid(r).Status, TFillStatus::Impossible);
@@ -169,8 +162,7 @@ TEST(FillEngine, AGridWithoutAFillIsProvedSoAndTheSlotAtFaultNamed)
 
     // The crossing letters rule out every pairing only once the search tries them.
     const TFillResult crossing = FillGrid(request(grid({"...", ".#.", "..."}), list({"ABC", "DEF", "AXD", "CYG"})));
-    EXPECT_EQ(crossing.Status, TFillStatus::Impossible);
-    EXPECT_FALSE(crossing.Faulty.isEmpty());
+    EXPECT_TRUE(crossing.Status == TFillStatus::Impossible && !crossing.Faulty.isEmpty());
 }
 
 TEST(FillEngine, StopsAtTheTimeLimitOrACancelAndLeavesTheGridAsItWas)
@@ -178,8 +170,7 @@ TEST(FillEngine, StopsAtTheTimeLimitOrACancelAndLeavesTheGridAsItWas)
     TFillRequest r = endless();
     r.TimeLimit = 0.2;
     const TFillResult timed = FillGrid(r);
-    EXPECT_EQ(timed.Status, TFillStatus::TimedOut);
-    EXPECT_EQ(entries(timed.Grid), entries(r.Grid));
+    EXPECT_TRUE(timed.Status == TFillStatus::TimedOut && SameRecord(timed.Grid, r.Grid));
 
     std::atomic<bool> cancel = false;
     r.TimeLimit = 0;
@@ -189,8 +180,7 @@ TEST(FillEngine, StopsAtTheTimeLimitOrACancelAndLeavesTheGridAsItWas)
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
     cancel = true;
     worker.join();  // a search that missed the flag would never return
-    EXPECT_EQ(cancelled.Status, TFillStatus::Cancelled);
-    EXPECT_EQ(entries(cancelled.Grid), entries(r.Grid));
+    EXPECT_TRUE(cancelled.Status == TFillStatus::Cancelled && SameRecord(cancelled.Grid, r.Grid));
 }
 
 TEST(FillEngine, ARegionFillWritesOnlyTheEmptyAreaConnectedToTheWord)
@@ -210,8 +200,6 @@ TEST(FillEngine, ARegionFillWritesOnlyTheEmptyAreaConnectedToTheWord)
     ASSERT_EQ(filled.Status, TFillStatus::Filled);
     for (int c = 1; c <= 7; ++c)
         for (int row = 1; row <= 7; ++row)
-            if (!inRegion(c, row)) {
-                EXPECT_EQ(filled.Grid.Cells(c, row), p.Cells(c, row)) << "square " << c << "," << row;
-            }
+            EXPECT_TRUE(inRegion(c, row) || filled.Grid.Cells(c, row) == p.Cells(c, row)) << "square " << c << "," << row;
     EXPECT_EQ(filled.Grid.GetWord(1, 1, 'd'), "ADGCJMP");
 }

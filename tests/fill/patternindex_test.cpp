@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <utility>
 
 namespace {
 
@@ -22,14 +23,6 @@ bool fits(std::string_view word, const QByteArray &pattern)
         if (pattern[qsizetype(i)] != AnyLetter && pattern[qsizetype(i)] != word[i])
             return false;
     return true;
-}
-
-QStringList wordsOf(const TPatternIndex &index, int length, const std::vector<int> &ids)
-{
-    QStringList words;
-    for (int id : ids)
-        words << QString::fromLatin1(index.word(length, id));
-    return words;
 }
 
 }  // namespace
@@ -80,12 +73,11 @@ TEST(PatternIndex, PatternsNoWordCanFitCountNothing)
 {
     const TPatternIndex index(listOf("cat;60\ncot;70\ndog;10\n"));
     EXPECT_EQ(index.count("C?T"), 2);
-    EXPECT_EQ(wordsOf(index, 3, index.match("C?T")), QStringList({"COT", "CAT"}));
+    EXPECT_EQ(index.match("C?T"), (std::vector{index.find("COT"), index.find("CAT")})) << "the better score first";
     EXPECT_EQ(index.count("???"), 3);
-    EXPECT_EQ(index.count("????"), 0) << "no word of that length";
-    EXPECT_EQ(index.count("Q??"), 0) << "a letter no word has";
-    EXPECT_EQ(index.count("?"), 0);
-    EXPECT_EQ(index.count(QByteArray(24, AnyLetter)), 0);
+    // No word of that length, a letter no word has, shorter or longer than any word can be.
+    for (const QByteArray &none : {QByteArray("????"), QByteArray("Q??"), QByteArray("?"), QByteArray(24, AnyLetter)})
+        EXPECT_EQ(index.count(none), 0) << none.toStdString();
     EXPECT_EQ(index.find("DOG"), index.match("DOG").front());
     EXPECT_EQ(index.find("DIG"), -1);
 }
@@ -95,26 +87,17 @@ TEST(PatternIndex, PatternsNoWordCanFitCountNothing)
 TEST(WordFinder, ACandidateThatLeavesACrossingWithoutWordsIsADeadEnd)
 {
     const TPatternIndex index(listOf("abcd;50\nabce;90\naxya;40\nbxyz;40\ncxyz;40\ndxyz;40\naxyz;40\n"));
-    TPuzzle p;
-    p.ClearPuzzle(11, 'N', "", 0);
-    for (int r = 1; r <= 11; ++r)
-        for (int c = 1; c <= 11; ++c)
-            if (c >= 5 || r >= 5)
-                p.Cells(c, r) = BlockChar;
-    for (int c = 1; c <= 3; ++c)
-        p.Cells(c, 1) = uint8_t("ABC"[c - 1]);
+    TPuzzle p = PuzzleFrom("size 11\ngrid\n" + GridRows({"ABC.#######", "....#######", "....#######", "....#######"}));
     const TFillSlot slot = SlotThrough(p, 2, 1, Direction::Across);
     ASSERT_EQ(slot, (TFillSlot{1, 1, Direction::Across, 4}));
     ASSERT_EQ(SlotPattern(p, slot), "ABC?");
     const TFinderList list = FindCandidates(index, p, slot, SlotPattern(p, slot));
-    ASSERT_EQ(list.Count, 2);
-    EXPECT_EQ(list.Viable, 1);
+    ASSERT_EQ(std::pair(list.Count, list.Viable), std::pair(2, 1));
     // ABCE scores higher but no down word starts with E.
-    EXPECT_EQ(index.word(4, list.Candidates[0].Id), "ABCD");
-    EXPECT_FALSE(list.Candidates[0].DeadEnd);
+    const auto candidate = [&](int i) { return std::pair(index.word(4, list.Candidates[i].Id), list.Candidates[i].DeadEnd); };
+    EXPECT_EQ(candidate(0), std::pair(std::string_view("ABCD"), false));
     EXPECT_EQ(list.Candidates[0].CrossOptions, 1);
-    EXPECT_EQ(index.word(4, list.Candidates[1].Id), "ABCE");
-    EXPECT_TRUE(list.Candidates[1].DeadEnd);
+    EXPECT_EQ(candidate(1), std::pair(std::string_view("ABCE"), true));
     EXPECT_TRUE(list.Possible[3].test('D'));
     EXPECT_FALSE(list.Possible[3].test('E')) << "a dead end's letters are not possible";
 

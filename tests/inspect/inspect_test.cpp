@@ -3,9 +3,9 @@
 #include "inspect/transforms.h"
 #include "testsupport.h"
 
-#include <QPoint>
-
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 namespace {
 
@@ -22,6 +22,16 @@ QList<QByteArray> texts(const QList<TScanItem> &items)
     return out;
 }
 
+// The clues kept, in slot order.
+QStringList clues(const TPuzzle &p)
+{
+    QStringList out;
+    for (int k = 1; k <= MaxWords; ++k)
+        if (!p.Clues[k - 1].isEmpty())
+            out << QString::fromLatin1(p.clue(k));
+    return out;
+}
+
 }  // namespace
 
 TEST(ScanGrid, ScanForOrderAcrossBeforeDownAndRowByRow)
@@ -29,28 +39,19 @@ TEST(ScanGrid, ScanForOrderAcrossBeforeDownAndRowByRow)
     const TPuzzle p = grid11({"CART#######", "#R#########", "#C#########", "#H#########"}, {}, u'#');
     const QList<TScanItem> items = ScanFor(p, "AR");
     EXPECT_EQ(texts(items), (QList<QByteArray>{"CART", "ARCH"}));
-    EXPECT_EQ(items[0].Direction, 1);
-    EXPECT_EQ(items[1].Direction, 2);
-    EXPECT_EQ((QPoint(items[1].Column, items[1].Row)), QPoint(2, 1));
+    EXPECT_EQ(std::tuple(items[0].Direction, items[1].Direction, items[1].Column, items[1].Row), std::tuple(1, 2, 2, 1));
     // A run across an empty square never matches; an empty text lists nothing.
     TPuzzle gap = p;
     gap.Cells(2, 1) = 0;
-    EXPECT_TRUE(ScanFor(gap, "AR").isEmpty());
-    EXPECT_TRUE(ScanFor(gap, QByteArray("\0R", 2)).isEmpty());
-    EXPECT_TRUE(ScanFor(p, "").isEmpty());
+    EXPECT_TRUE(ScanFor(gap, "AR").isEmpty() && ScanFor(gap, QByteArray("\0R", 2)).isEmpty() && ScanFor(p, "").isEmpty());
 }
 
-TEST(ScanGrid, LookAlikesShareTheFirstOrLastThreeLettersAndAreComplete)
-{
-    EXPECT_TRUE(WordsAlike("STONE", "STORM"));
-    EXPECT_TRUE(WordsAlike("STONE", "PHONE"));
-    EXPECT_FALSE(WordsAlike("STORM", "PHONE"));
-    EXPECT_FALSE(WordsAlike(QByteArray("STO\0E", 5), "STORM"));
-    EXPECT_FALSE(WordsAlike("STONE", QByteArray("STO\0M", 5)));
-}
-
+// Look-alikes share the first or last three letters and are complete.
 TEST(ScanGrid, ScanAllGroupsLaterLookAlikesAndFlagsARepeat)
 {
+    EXPECT_TRUE(WordsAlike("STONE", "STORM") && WordsAlike("STONE", "PHONE"));
+    EXPECT_FALSE(WordsAlike("STORM", "PHONE"));
+    EXPECT_FALSE(WordsAlike(QByteArray("STO\0E", 5), "STORM") || WordsAlike("STONE", QByteArray("STO\0M", 5)));
     const TPuzzle p = grid11({"STONE######", "###########", "STORM######", "###########", "PHONE######",
                               "###########", "STONE######", "###########", "ST.RE######"}, {}, u'#');
     const TScanResult r = ScanAll(p);
@@ -61,21 +62,33 @@ TEST(ScanGrid, ScanAllGroupsLaterLookAlikesAndFlagsARepeat)
     EXPECT_FALSE(ScanAll(grid11({"STONE######", "###########", "PLANK######"}, {}, u'#')).Repeats);
 }
 
-TEST(Analysis, EmptyGridIsOneWordPerRowAndColumn)
+// (across, down, words, two-letter, three-letter, ending in S, average, unkeyed, black, open squares)
+auto counts(const TAnalysis &a)
+{
+    return std::tuple(a.AcrossWords, a.DownWords, a.Words, a.TwoLetterWords, a.ThreeLetterWords, a.WordsEndingInS,
+                      a.AverageLength, a.UnkeyedSquares, a.BlackSquares, a.OpenSquares);
+}
+
+TEST(Analysis, AnOpenGridIsOneWordPerRowAndColumnSymmetryIsTheHalfTurnAndNoWordsAverageZero)
 {
     TPuzzle p;
     p.Size = 15;
     const TAnalysis a = AnalysePuzzle(p);
-    EXPECT_EQ(a.AcrossWords, 15);
-    EXPECT_EQ(a.DownWords, 15);
-    EXPECT_EQ(a.Words, 30);
-    EXPECT_EQ(a.AverageLength, 15);
-    EXPECT_EQ(a.TwoLetterWords, 0);
-    EXPECT_EQ(a.UnkeyedSquares, 0);
-    EXPECT_EQ(a.BlackSquares, 0);
+    EXPECT_EQ(counts(a), std::tuple(15, 15, 30, 0, 0, 0, 15, 0, 0, 0));
     EXPECT_TRUE(a.Symmetric);
     EXPECT_EQ(a.Identifier, "INCOMPLETE");
     EXPECT_EQ(a.Caption, "Puzzle Analysis");
+
+    // Symmetry is the half-turn test only.
+    p.Cells(1, 1) = p.Cells(15, 15) = BlockChar;
+    EXPECT_TRUE(AnalysePuzzle(p).Symmetric);
+    p.Cells(15, 15) = 0;
+    p.Cells(15, 1) = BlockChar;  // mirrored across the vertical centre line only
+    EXPECT_FALSE(AnalysePuzzle(p).Symmetric);
+    for (int r = 1; r <= 15; ++r)
+        for (int c = 1; c <= 15; ++c)
+            p.Cells(c, r) = BlockChar;
+    EXPECT_EQ(std::pair(AnalysePuzzle(p).Words, AnalysePuzzle(p).AverageLength), std::pair(0, 0)) << "no words average zero";
 }
 
 TEST(Analysis, FinishedGridCountsWordsLettersAndNamesItself)
@@ -88,73 +101,30 @@ TEST(Analysis, FinishedGridCountsWordsLettersAndNamesItself)
     p.Language = 1;
     const TAnalysis a = AnalysePuzzle(p);
     EXPECT_EQ(a.Identifier, "ABACK - TOAST    11x");
-    EXPECT_EQ(a.BlackSquares, 4);
-    EXPECT_EQ(a.AcrossWords, 13);
-    EXPECT_EQ(a.DownWords, 11);
-    EXPECT_EQ(a.Words, 24);
-    EXPECT_EQ(a.TwoLetterWords, 0);
-    EXPECT_EQ(a.ThreeLetterWords, 1);
-    EXPECT_EQ(a.WordsEndingInS, 9);
-    EXPECT_EQ(a.AverageLength, 231 / 24);
-    // (1, 2) and (11, 11) beside a black square and the edge, (2, 1) above one.
-    EXPECT_EQ(a.UnkeyedSquares, 3);
-    EXPECT_EQ(a.Letters['C' - 'A'], 98);
-    EXPECT_EQ(a.Letters['S' - 'A'], 8);
-    EXPECT_EQ(a.OpenSquares, 1);
+    // Unkeyed: (1, 2) and (11, 11) beside a black square and the edge, (2, 1) above one.
+    EXPECT_EQ(counts(a), std::tuple(13, 11, 24, 0, 1, 9, 231 / 24, 3, 4, 1));
+    EXPECT_EQ(std::pair(a.Letters['C' - 'A'], a.Letters['S' - 'A']), std::pair(98, 8));
     EXPECT_FALSE(a.Symmetric);
     EXPECT_EQ(a.Caption, "Puzzle Analysis (French)");
     p.Cells(3, 1) = 0;
     EXPECT_EQ(AnalysePuzzle(p).Identifier, "INCOMPLETE");
 }
 
-TEST(Analysis, SymmetryIsTheHalfTurnTestOnlyAndNoWordsAverageZero)
-{
-    TPuzzle p;
-    p.Size = 15;
-    p.Cells(1, 1) = BlockChar;
-    p.Cells(15, 15) = BlockChar;
-    EXPECT_TRUE(AnalysePuzzle(p).Symmetric);
-    // Mirrored across the vertical centre line, but not half-turn symmetric.
-    p.Cells(15, 15) = 0;
-    p.Cells(15, 1) = BlockChar;
-    EXPECT_FALSE(AnalysePuzzle(p).Symmetric);
-
-    // A grid without words averages zero.
-    for (int r = 1; r <= 15; ++r)
-        for (int c = 1; c <= 15; ++c)
-            p.Cells(c, r) = BlockChar;
-    EXPECT_EQ(AnalysePuzzle(p).Words, 0);
-    EXPECT_EQ(AnalysePuzzle(p).AverageLength, 0);
-}
-
-TEST(Transforms, InvertTwiceIsTheIdentityWithCluesKept)
+TEST(Transforms, InvertTwiceIsTheIdentityFourRotationsKeepTheSquaresButNotTheDownClues)
 {
     const TPuzzle start = grid11({"CAT#DOG#EEL", "ARE#ONE#ARE"}, QStringLiteral("1A Pet\n1D Boat\n4A Hound\n"));
     TPuzzle p = start;
     TransformPuzzle(p, TTransformKind::Invert);
-    EXPECT_EQ(p.Cells(1, 2), 'A');  // CAT now runs down column 1
     EXPECT_EQ(p.GetWord(1, 1, 'd'), "CAT");
     EXPECT_EQ(p.clue(p.slotAt(1, 1, Direction::Down)), "Pet");
     TransformPuzzle(p, TTransformKind::Invert);
     EXPECT_TRUE(SameRecord(p, start));
-}
 
-TEST(Transforms, FourRotationsGiveBackTheSquaresButNotTheDownClues)
-{
-    const TPuzzle start = grid11({"CAT#DOG#EEL", "ARE#ONE#ARE"}, QStringLiteral("1A Pet\n1D Boat\n4A Hound\n"));
-    TPuzzle p = start;
-    const auto kept = [&p] {
-        QStringList clues;
-        for (int k = 1; k <= MaxWords; ++k)
-            if (!p.Clues[k - 1].isEmpty())
-                clues << QString::fromLatin1(p.clue(k));
-        return clues;
-    };
     TransformPuzzle(p, TTransformKind::Rotate);
     // The across words now run down the right-hand columns; the old down clue is gone.
     EXPECT_EQ(p.GetWord(11, 1, 'd'), "CAT");
     EXPECT_EQ(p.clue(p.slotAt(11, 1, Direction::Down)), "Pet");
-    EXPECT_EQ(kept(), (QStringList{"Pet", "Hound"}));
+    EXPECT_EQ(clues(p), (QStringList{"Pet", "Hound"}));
     for (int i = 0; i < 3; ++i)
         TransformPuzzle(p, TTransformKind::Rotate);
     EXPECT_EQ(QByteArray(reinterpret_cast<const char *>(&p.Cells), sizeof p.Cells),
@@ -172,8 +142,5 @@ TEST(Transforms, OnlyTheFirstDuplicateGetsTheClueAndOpenOrEmptyStartsLoseIt)
     EXPECT_EQ(p.slotAt(1, 11, Direction::Across), 0);
     EXPECT_EQ(p.slotAt(5, 11, Direction::Across), 0);  // ?AT: an open square never matches
     EXPECT_EQ(p.slotAt(9, 11, Direction::Across), 0);  // .OG: its first square is empty
-    int clued = 0;
-    for (int k = 1; k <= MaxWords; ++k)
-        clued += p.Clues[k - 1].isEmpty() ? 0 : 1;
-    EXPECT_EQ(clued, 1);
+    EXPECT_EQ(clues(p), QStringList{"Second eel"});
 }

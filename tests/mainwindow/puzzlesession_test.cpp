@@ -14,12 +14,11 @@
 
 #include <QDir>
 
+#include <tuple>
+
 namespace {
 
-const char *const Grid = "size 11\ngrid\n"
-                         "...........\n...........\n...........\n...........\n...........\n"
-                         "...........\n...........\n...........\n...........\n...........\n...........\n"
-                         "clues\n1A first\n";
+const QString Grid = "size 11\ngrid\n" + GridRows({}, 11, u'.') + "clues\n1A first\n";
 
 class PuzzleSession : public ::testing::Test {
 protected:
@@ -31,7 +30,9 @@ protected:
         Session().Reset();
         PuzzleChanged = false;
         CurrentPuzzlePath.clear();
-        Puzzle = PuzzleFrom(QString::fromLatin1(Grid));
+        Puzzle = PuzzleFrom(Grid);
+        editor.Symmetry = 1;
+        SquareSize = 20;
         connections = {
             QObject::connect(&Session(), &TPuzzleSession::opened, [this] { events.append("opened"); }),
             QObject::connect(&Session(), &TPuzzleSession::saved,
@@ -66,6 +67,7 @@ protected:
     std::shared_ptr<TScriptedPrompts> prompts;
     QStringList events;
     std::vector<QMetaObject::Connection> connections;
+    TGridEditor editor;
 };
 
 // The history as the session keeps it: every change through the session is a step.
@@ -80,23 +82,11 @@ protected:
                             + "..........#\nclues\n1A Pet\n1D One down\n5D Five down\n");
         path = openFile("clued.xwd");
         original = Puzzle;
-        editor.Symmetry = 1;
-        SquareSize = 20;
     }
     void blackSquareAt(int c, int r) { editor.SetSquare((c - 1) * 20 + 4, (r - 1) * 20 + 4, false); }
-    static QStringList undoAll()
-    {
-        QStringList captions;
-        while (Session().History().CanUndo()) {
-            captions.append(Session().History().UndoCaption());
-            Session().Undo();
-        }
-        return captions;
-    }
 
     QString path;
     TPuzzle original;
-    TGridEditor editor;
 };
 
 const QString Question = QStringLiteral("Puzzle has changed. Save current changes?");
@@ -120,8 +110,7 @@ TEST_F(PuzzleSession, OneSaveChangesPathForEveryWayOut)
         answer({TAnswer::Cancel});
         EXPECT_FALSE(leave()) << "Cancel stays with the puzzle";
         EXPECT_EQ(prompts->Asked, QStringList{Question}) << "asked once, and nothing else";
-        EXPECT_TRUE(PuzzleChanged);
-        EXPECT_TRUE(Session().IsOpen());
+        EXPECT_TRUE(PuzzleChanged && Session().IsOpen());
 
         answer({TAnswer::No});
         leave();
@@ -186,9 +175,7 @@ TEST_F(PuzzleSession, FailedWritesChangeNothing)
         PuzzleChanged = std::string(name) != "new";
         EXPECT_FALSE(command());
         EXPECT_EQ(EncodePuzzle(Puzzle), before);
-        EXPECT_EQ(CurrentPuzzlePath, path);
-        EXPECT_EQ(PuzzleMode, ConstructMode);
-        EXPECT_EQ(PuzzleChanged, std::string(name) != "new");
+        EXPECT_EQ(std::tuple(CurrentPuzzlePath, PuzzleMode, PuzzleChanged), std::tuple(path, ConstructMode, std::string(name) != "new"));
         EXPECT_TRUE(events.isEmpty()) << events.join(", ").toStdString();
         EXPECT_EQ(prompts->Errors.size(), 1);
     }
@@ -252,22 +239,12 @@ TEST_F(PuzzleSession, EveryChangeIsAnnouncedOnce)
     } changes[] = {
         {"Typing", [] { Session().SetCell(2, 2, 'A'); }, [] { return Puzzle.Cells(2, 2) == 'A'; }},
         // A black square and its partner are one step.
-        {"Black Square", [] {
-             SquareSize = 20;
-             TGridEditor editor;
-             editor.Symmetry = 1;
-             editor.SetSquare(5, 5, false);
-         },
-         [] { return Puzzle.isBlock(1, 1) && Puzzle.isBlock(11, 11); }},
+        {"Black Square", [this] { editor.SetSquare(5, 5, false); }, [] { return Puzzle.isBlock(1, 1) && Puzzle.isBlock(11, 11); }},
         {"Typing", [] { Session().SetEntry(2, 2, 'B'); }, [] { return Puzzle.Entries(2, 2) == 'B'; }},
         {"Clue", [] { Session().SetClue(1, 2, Direction::Across, 4, "New clue"); },
          [] { return Puzzle.clue(4) == "New clue" && Puzzle.slotAt(1, 2, Direction::Across) == 4; }},
         {"Byline", [] { Session().SetByline("Ann"); }, [] { return Puzzle.Byline.text() == "Ann"; }},
-        {"Flip", [] {
-             TPuzzle flipped = Puzzle;
-             flipped.Size = 13;
-             Session().Replace(QStringLiteral("Flip"), flipped);
-         },
+        {"Flip", [] { TPuzzle other = Puzzle; other.Size = 13; Session().Replace(QStringLiteral("Flip"), other); },
          [] { return Puzzle.Size == 13; }},
     };
     for (const auto &c : changes) {
@@ -276,8 +253,7 @@ TEST_F(PuzzleSession, EveryChangeIsAnnouncedOnce)
         events.clear();
         const QByteArray before = EncodePuzzle(Puzzle);
         c.change();
-        EXPECT_TRUE(c.done());
-        EXPECT_TRUE(PuzzleChanged);
+        EXPECT_TRUE(c.done() && PuzzleChanged);
         EXPECT_EQ(events, QStringList{QStringLiteral("changed ") + c.caption});
         EXPECT_EQ(EncodePuzzle(Session().LastEdit().Before), before);
     }
@@ -285,7 +261,7 @@ TEST_F(PuzzleSession, EveryChangeIsAnnouncedOnce)
 
 TEST(UndoHistory, TheBoundsDropTheOldestStepsFirst)
 {
-    TPuzzle p = PuzzleFrom(QString::fromLatin1(Grid));
+    TPuzzle p = PuzzleFrom(Grid);
     const auto record = [&p](TUndoHistory &history, const QString &caption, auto change) {
         const TPuzzle before = p;
         change(p);
@@ -295,10 +271,8 @@ TEST(UndoHistory, TheBoundsDropTheOldestStepsFirst)
     for (char letter : {'A', 'B', 'C', 'D', 'E'})
         record(byCount, QString(QChar(letter)), [letter](TPuzzle &q) { q.Cells(5, 5) = uint8_t(letter); });
     QStringList kept;
-    while (byCount.CanUndo()) {
+    for (; byCount.CanUndo(); byCount.Undo(p))
         kept.append(byCount.UndoCaption());
-        byCount.Undo(p);
-    }
     EXPECT_EQ(kept, QStringList({"E", "D", "C"}));
     EXPECT_EQ(p.Cells(5, 5), 'B') << "the record as the oldest step kept found it";
 
@@ -309,8 +283,7 @@ TEST(UndoHistory, TheBoundsDropTheOldestStepsFirst)
             for (int slot = 1; slot <= ClueSlots; ++slot)
                 q.setClue(slot, QByteArray(MaxClueLength, char('a' + i)));
         });
-    EXPECT_GT(byBytes.Count(), 0);
-    EXPECT_LT(byBytes.Count(), 20);
+    EXPECT_TRUE(byBytes.Count() > 0 && byBytes.Count() < 20) << byBytes.Count();
     EXPECT_LE(byBytes.Bytes(), 100 * 1024);
     EXPECT_EQ(byBytes.UndoCaption(), "19");
 }
@@ -326,8 +299,10 @@ TEST_F(SessionUndo, MixedEditsUndoneToTheStartAndRedoneGiveBothRecordsByteForByt
     Session().SetLanguageMark(3);
     Session().SetEntry(7, 7, 'Q');
     const TPuzzle final = Puzzle;
-
-    EXPECT_EQ(undoAll(), QStringList({"Typing", "Grid Language", "Byline", "Flip", "Black Square", "Typing"}));
+    QStringList captions;
+    for (; Session().History().CanUndo(); Session().Undo())
+        captions.append(Session().History().UndoCaption());
+    EXPECT_EQ(captions, QStringList({"Typing", "Grid Language", "Byline", "Flip", "Black Square", "Typing"}));
     EXPECT_TRUE(SameRecord(Puzzle, original));
     EXPECT_FALSE(PuzzleChanged) << "back to the puzzle as it was opened";
     EXPECT_EQ(Session().Redo(), (TUndoPlace{{5, 2}, 0})) << "the cursor goes to the typed square";

@@ -14,10 +14,7 @@ TEST(Trash, AFileGoesToTheUsersTrashEvenBeforeItsDataFolderExists)
     QDir(data).removeRecursively();
 
     TScratchDir dir;
-    QFile file(dir.path("gone.xwd"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("puzzle");
-    file.close();
+    ASSERT_TRUE(WriteFileBytes(dir.path("gone.xwd"), "puzzle"));
     EXPECT_TRUE(MoveToTrash(dir.path("gone.xwd")));
     EXPECT_FALSE(QFile::exists(dir.path("gone.xwd")));
     EXPECT_TRUE(QFile::exists(data + "/Trash/files/gone.xwd"));

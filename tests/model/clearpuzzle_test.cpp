@@ -6,13 +6,13 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 TEST(ClearPuzzleFromSettings, TakesBylineAndLanguageFromTheSettings)
 {
     ResetSettings();
     ClearPuzzle(13, 'N');
-    EXPECT_EQ(Puzzle.Size, 13);
-    EXPECT_TRUE(Puzzle.Byline.isEmpty()) << "Name defaults to empty";
-    EXPECT_EQ(Puzzle.Language, 0);
+    EXPECT_EQ(std::tuple(Puzzle.Size, Puzzle.Byline.isEmpty(), Puzzle.Language), std::tuple(13, true, 0)) << "Name defaults to empty";
 
     WriteSetting(QStringLiteral("Name"), QString::fromUtf8("Zoë ") + QString(70, u'z'));
     WriteSetting(QStringLiteral("GridLanguage"), 6);

@@ -9,15 +9,16 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <tuple>
 #include <sys/resource.h>
 
 namespace {
 
-const char *const SmallGrid =
-    "size 11\nbyline Ann Example\nlanguage 3\ngrid\n"
-    "CAT#DOG#EEL\n...........\n...........\n...........\n...........\n"
-    "...........\n...........\n...........\n...........\n...........\n...........\n"
-    "clues\n1A Purring pet\n4A Barking pet\n";
+TPuzzle small()
+{
+    return PuzzleFrom("size 11\nbyline Ann Example\nlanguage 3\ngrid\n" + GridRows({"CAT#DOG#EEL"}, 11, u'.')
+                      + "clues\n1A Purring pet\n4A Barking pet\n");
+}
 
 // Random bytes everywhere, unused string bytes included: a record must survive whole.
 QByteArray noise(int size)
@@ -30,53 +31,45 @@ QByteArray noise(int size)
 }
 
 // Lets files grow only to `bytes` while it lives, as a full disk would.
-class TFileSizeLimit {
-public:
+struct TFileSizeLimit {
     explicit TFileSizeLimit(rlim_t bytes)
     {
         signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &saved_);
-        rlimit limit = saved_;
-        limit.rlim_cur = bytes;
+        getrlimit(RLIMIT_FSIZE, &saved);
+        const rlimit limit{bytes, saved.rlim_max};
         setrlimit(RLIMIT_FSIZE, &limit);
     }
-    ~TFileSizeLimit() { setrlimit(RLIMIT_FSIZE, &saved_); }
-
-private:
-    rlimit saved_{};
+    ~TFileSizeLimit() { setrlimit(RLIMIT_FSIZE, &saved); }
+    rlimit saved{};
 };
 
 }  // namespace
 
 TEST(CurrentFormat, RoundTripsEveryByteIsLittleEndianAndReadsTheFirst17818Bytes)
 {
-    QByteArray bytes = noise(PuzzleFileSize);
-    bytes[0] = 15;
-    bytes[1] = 0;
+    const QByteArray bytes = QByteArray("\x0f\0", 2) + noise(PuzzleFileSize - 2);
     EXPECT_EQ(EncodePuzzle(DecodePuzzle(bytes)), bytes);
 
-    TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    TPuzzle p = small();
     p.Size = 0x0102;
     p.CellWords(2, 1).DownSlot = 0x0304;
     const QByteArray out = EncodePuzzle(p);
     ASSERT_EQ(out.size(), PuzzleFileSize);
-    EXPECT_EQ(out[0], 0x02);
-    EXPECT_EQ(out[1], 0x01);
-    EXPECT_EQ(out[1060 + 92 + 2], 0x04);
-    EXPECT_EQ(out[1060 + 92 + 3], 0x03);
+    EXPECT_EQ(out.left(2), "\x02\x01");
+    EXPECT_EQ(out.mid(1060 + 92 + 2, 2), "\x04\x03");
     EXPECT_EQ(out[17817], 3) << "language is the last byte";
 
     // A longer file is read for its first 17818 bytes.
     TScratchDir dir;
-    ASSERT_TRUE(WriteFileBytes(dir.path("long.xwd"), EncodePuzzle(PuzzleFrom(QString::fromLatin1(SmallGrid))) + "more"));
+    ASSERT_TRUE(WriteFileBytes(dir.path("long.xwd"), EncodePuzzle(small()) + "more"));
     ReadPuzzle(dir.path("long.xwd"));
     EXPECT_EQ(Puzzle.GetWord(1, 1, 'a'), "CAT");
     EXPECT_THROW(ReadPuzzle(dir.path("missing.xwd")), TPuzzleIOError);
 }
 
-TEST(Version5, WritingKeepsTheGridAndCutsCluesAndByline)
+TEST(Version5, WritingKeepsTheGridAndCutsCluesAndBylineWithItsLanguageDigit)
 {
-    TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    TPuzzle p = small();
     p.setClue(1, QByteArray(75, 'q'));
     p.setClue(180, "the spare slot");
     p.Language = 12;
@@ -90,26 +83,18 @@ TEST(Version5, WritingKeepsTheGridAndCutsCluesAndByline)
     EXPECT_EQ(back.clue(1), QByteArray(60, 'q'));
     EXPECT_EQ(back.clue(5), "Barking pet");
     EXPECT_TRUE(back.clue(180).isEmpty());
-    EXPECT_EQ(back.Byline.text(), "Ann Example");
-    EXPECT_EQ(back.Language, 2) << "only the last digit comes back";
+    EXPECT_EQ(std::pair(back.Byline.text(), int(back.Language)), std::pair(QByteArray("Ann Example"), 2))
+        << "only the language's last digit comes back";
     EXPECT_EQ(back.GetWord(5, 1, 'a'), "DOG");
-}
 
-TEST(Version5, BylineFieldCasesAtTheLimit)
-{
-    TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
-
-    p.Byline.setText("Name|With Bar");
     p.Language = 7;
-    TPuzzle back = ConvertPuzzle5(EncodePuzzle5(p));
-    EXPECT_EQ(back.Byline.text(), "Name") << "text after a byline's own bar is lost";
-    EXPECT_EQ(back.Language, 7);
-
-    p.Byline.setText(QByteArray(60, 'b'));
-    back = ConvertPuzzle5(EncodePuzzle5(p));
-    EXPECT_EQ(back.Byline.text(), QByteArray(60, 'b')) << "a full byline crowds out bar and language";
-    EXPECT_EQ(back.Language, 0);
-
+    // Text after a byline's own bar is lost; a full byline crowds out bar and language.
+    for (const auto &[byline, kept, language] : {std::tuple{QByteArray("Name|With Bar"), QByteArray("Name"), 7},
+                                                  {QByteArray(60, 'b'), QByteArray(60, 'b'), 0}}) {
+        p.Byline.setText(byline);
+        const TPuzzle back = ConvertPuzzle5(EncodePuzzle5(p));
+        EXPECT_EQ(std::pair(back.Byline.text(), int(back.Language)), std::pair(kept, language)) << byline.constData();
+    }
     p.Byline.setText(QByteArray(59, 'b'));
     EXPECT_THROW(ConvertPuzzle5(EncodePuzzle5(p)), TPuzzleIOError) << "a bar with no digit cannot be read";
 }
@@ -118,18 +103,15 @@ TEST(OpenPuzzleFile, ConvertsAVersion5FileOnDisk)
 {
     TScratchDir dir;
     const QString path = dir.path("old.xwd");
-    ASSERT_TRUE(WriteFileBytes(path, EncodePuzzle5(PuzzleFrom(QString::fromLatin1(SmallGrid)))));
+    ASSERT_TRUE(WriteFileBytes(path, EncodePuzzle5(small())));
     ASSERT_EQ(QFile(path).size(), PuzzleFile5Size);
 
-    const TLoadedPuzzle peek = LoadPuzzleFile(path);
-    EXPECT_EQ(peek.Format, PuzzleFormat::Version5);
+    EXPECT_EQ(LoadPuzzleFile(path).Format, PuzzleFormat::Version5);
     EXPECT_EQ(QFile(path).size(), PuzzleFile5Size) << "loading alone never rewrites";
 
     OpenPuzzleFile(path);
-    EXPECT_EQ(QFile(path).size(), PuzzleFileSize);
-    EXPECT_EQ(Puzzle.Byline.text(), "Ann Example");
-    EXPECT_EQ(Puzzle.Language, 3);
-    EXPECT_EQ(ReadFileBytes(path), EncodePuzzle(Puzzle));
+    EXPECT_EQ(std::pair(Puzzle.Byline.text(), int(Puzzle.Language)), std::pair(QByteArray("Ann Example"), 3));
+    EXPECT_EQ(ReadFileBytes(path), EncodePuzzle(Puzzle)) << "rewritten in the current format";
     EXPECT_EQ(LoadPuzzleFile(path).Format, PuzzleFormat::Current);
 }
 
@@ -137,7 +119,7 @@ TEST(OpenPuzzleFile, ConvertsAVersion5FileOnDisk)
 TEST(OpenPuzzleFile, RefusesWhatTheProgramDoesNotMakeAndTouchesNothing)
 {
     TScratchDir dir;
-    Puzzle = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    Puzzle = small();
     const QByteArray open = EncodePuzzle(Puzzle);
     const auto expectRefused = [&](const QString &name, const QByteArray &bytes) {
         SCOPED_TRACE(name.toStdString());
@@ -151,7 +133,7 @@ TEST(OpenPuzzleFile, RefusesWhatTheProgramDoesNotMakeAndTouchesNothing)
 
     // Sizes that overran the 23 x 23 arrays or made grids the program never draws.
     for (const int size : {0, -1, 9, 12, 24, 25, 3000, 32767}) {
-        TPuzzle p = PuzzleFrom(QString::fromLatin1(SmallGrid));
+        TPuzzle p = small();
         p.Size = int16_t(size);
         expectRefused(QStringLiteral("size%1.xwd").arg(size), EncodePuzzle(p));
         expectRefused(QStringLiteral("size%1-v5.xwd").arg(size), EncodePuzzle5(p));
@@ -159,7 +141,7 @@ TEST(OpenPuzzleFile, RefusesWhatTheProgramDoesNotMakeAndTouchesNothing)
     expectRefused(QStringLiteral("cut.xwd"), open.left(16000));
     expectRefused(QStringLiteral("short.xwd"), noise(PuzzleFile5Size - 1));
     expectRefused(QStringLiteral("picture.xwd"), QByteArray("\x89PNG\r\n\x1a\n") + noise(PuzzleFileSize));
-    TPuzzle broken = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    TPuzzle broken = small();
     broken.Byline.setText(QByteArray(59, 'b'));
     expectRefused(QStringLiteral("no-language-digit.xwd"), EncodePuzzle5(broken));
 
@@ -176,10 +158,9 @@ TEST(WritePuzzle, ReplacesAFileWholeOrReportsAndKeepsTheOld)
 {
     TScratchDir dir;
     const QString path = dir.path("p.xwd");
-    Puzzle = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    Puzzle = small();
     WritePuzzle(path);
     const QByteArray before = ReadFileBytes(path);
-    EXPECT_EQ(before.size(), PuzzleFileSize);
 
     // A disk that fills up mid-save: files may grow to 4 KiB only.
     Puzzle.setClue(1, "Changed");
@@ -196,7 +177,7 @@ TEST(WritePuzzle, ReplacesAFileWholeOrReportsAndKeepsTheOld)
 TEST(WritePuzzle, RemovesTheTemporaryFilesOfAKilledSaveOfThatPuzzleOnly)
 {
     TScratchDir dir;
-    Puzzle = PuzzleFrom(QString::fromLatin1(SmallGrid));
+    Puzzle = small();
     ASSERT_TRUE(WriteFileBytes(dir.path("p.xwd.a1B2c3"), QByteArray(9000, 'x')));  // killed mid-write
     ASSERT_TRUE(WriteFileBytes(dir.path("p.xwd.Zz9Zz9"), QByteArray()));
     const QStringList kept{"p.xwd.big123", "p.xwd.notes", "p.xwd.a1B2c3d", "q.xwd.a1B2c3"};

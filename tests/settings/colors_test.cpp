@@ -4,18 +4,12 @@
 
 #include <gtest/gtest.h>
 
-TEST(ColorSettings, IdentifiersNameTheStandardColours)
+TEST(ColorSettings, IdentifiersNameTheStandardColoursAndNumbersAreReferencesWithRedInTheLowByte)
 {
-    EXPECT_EQ(ColorFromSetting(QStringLiteral("clNavy")), QColor(0, 0, 128));
-    EXPECT_EQ(ColorFromSetting(QStringLiteral("clMaroon")), QColor(128, 0, 0));
-    EXPECT_EQ(ColorFromSetting(QStringLiteral("clteal")), QColor(0, 128, 128)) << "any case";
     EXPECT_EQ(ColorFromSetting(QStringLiteral("clLtGray")), ColorFromSetting(QStringLiteral("clSilver")));
-}
-
-TEST(ColorSettings, NumbersAreColourReferencesWithRedInTheLowByte)
-{
-    // Hexadecimal with "$" or "0x", and decimal; then what names no colour.
-    for (const auto &[text, colour] : {std::pair{"$000000FF", QColor(255, 0, 0)}, {"$00FF0000", QColor(0, 0, 255)},
+    // Identifiers in any case; hexadecimal with "$" or "0x", and decimal; then what names no colour.
+    for (const auto &[text, colour] : {std::pair{"clNavy", QColor(0, 0, 128)}, {"clMaroon", QColor(128, 0, 0)},
+                                       {"clteal", QColor(0, 128, 128)}, {"$000000FF", QColor(255, 0, 0)}, {"$00FF0000", QColor(0, 0, 255)},
                                        {"$00030201", QColor(1, 2, 3)}, {"0x00808000", QColor(0, 128, 128)},
                                        {"255", QColor(255, 0, 0)}, {"8388608", QColor(0, 0, 128)},
                                        {"clPlaid", QColor()}, {"$GG", QColor()}, {"", QColor()}})

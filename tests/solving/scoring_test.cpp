@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace {
 
 const char *const Solved =
@@ -12,10 +14,11 @@ const char *const Solved =
 
 }  // namespace
 
-TEST(Scoring, EverySquareMustMatchByteForByte)
+TEST(Scoring, EverySquareMustMatchByteForByteAndClearingEmptiesTheGridOnly)
 {
     TPuzzle p = PuzzleFrom(QString::fromLatin1(Solved));
     EXPECT_TRUE(IsPuzzleCorrect(p)) << "black squares need no entry";
+    EXPECT_EQ(ErrorCross(2, 3, 30), (std::array{QLine(36, 66, 55, 85), QLine(55, 66, 36, 85)})) << "inside its square";
 
     p.Entries(3, 3) = 0;
     EXPECT_FALSE(IsPuzzleCorrect(p)) << "an empty square is an error, there is no 'incomplete'";
@@ -28,11 +31,9 @@ TEST(Scoring, EverySquareMustMatchByteForByte)
     EXPECT_EQ(ErrorSquares(p), QList<QPoint>{QPoint(2, 2)});
     p.Size = 2;  // squares outside the grid are never judged
     EXPECT_EQ(ErrorSquares(p), QList<QPoint>{QPoint(2, 2)});
-}
 
-TEST(Scoring, ClearEntriesEmptiesTheGridOnly)
-{
-    TPuzzle p = PuzzleFrom(QString::fromLatin1(Solved));
+    // Clearing the entries empties the grid only.
+    p = PuzzleFrom(QString::fromLatin1(Solved));
     p.Entries(5, 5) = 'Z';
     ClearEntries(p);
     for (int c = 1; c <= 3; ++c)
@@ -42,29 +43,20 @@ TEST(Scoring, ClearEntriesEmptiesTheGridOnly)
     EXPECT_FALSE(IsPuzzleCorrect(p));
 }
 
-TEST(Scoring, ErrorCrossSitsInsideItsSquare)
-{
-    const auto cross = ErrorCross(2, 3, 30);
-    EXPECT_EQ(cross[0], QLine(36, 66, 55, 85));
-    EXPECT_EQ(cross[1], QLine(55, 66, 36, 85));
-}
 
 TEST(ClockTime, CountsToTheHourAndWrapsAtTen)
 {
     TClockTime clock;
-    EXPECT_EQ(clock.Text(), "0:00:00");
-    for (int i = 0; i < 65; ++i)
-        clock.Tick();
-    EXPECT_EQ(clock.Text(), "0:01:05");
+    const auto after = [&clock](int seconds) {
+        for (int i = 0; i < seconds; ++i)
+            clock.Tick();
+        return clock.Text();
+    };
+    EXPECT_EQ(after(65), "0:01:05");
     clock.Reset();
-    for (int i = 0; i < 3599; ++i)
-        clock.Tick();
-    EXPECT_EQ(clock.Text(), "0:59:59");
-    clock.Tick();
-    EXPECT_EQ(clock.Text(), "1:00:00");
-    for (int i = 0; i < 3600 * 9 - 1; ++i)
-        clock.Tick();
-    EXPECT_EQ(clock.Text(), "9:59:59");
-    clock.Tick();
-    EXPECT_EQ(clock.Text(), "0:00:00");
+    EXPECT_EQ(after(0), "0:00:00");
+    EXPECT_EQ(after(3599), "0:59:59");
+    EXPECT_EQ(after(1), "1:00:00");
+    EXPECT_EQ(after(3600 * 9 - 1), "9:59:59");
+    EXPECT_EQ(after(1), "0:00:00");
 }

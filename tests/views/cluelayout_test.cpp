@@ -29,7 +29,7 @@ const char *const JustFits = "ab cdefghijklmnop";  // exactly the measured width
 
 }  // namespace
 
-TEST(ClueListItems, ListTheCluesInReadingOrderAcrossFirst)
+TEST(ClueListItems, ListTheCluesInReadingOrderAcrossFirstAndAPickFindsItsWord)
 {
     TPuzzle p = PuzzleFrom(QString::fromLatin1(Shared));
     EXPECT_EQ(ClueListItems(p), (QList<QByteArray>{"c1", "c2", "", "c4", "c5", "c6", "c7", "c8"}))
@@ -37,6 +37,16 @@ TEST(ClueListItems, ListTheCluesInReadingOrderAcrossFirst)
     // The item shows the slot stored at the square, not the word's place.
     p.setSlotAt(1, 2, Direction::Across, 8);
     EXPECT_EQ(ClueListItems(p).at(5), QByteArray("c8"));
+
+    // A picked item finds its word's first square: 3D, 5A, and 1D on the square of 1A; then a
+    // direction the grid kept, which stops the scan after the first square (still looked at).
+    p.setSlotAt(1, 2, Direction::Across, 6);
+    for (auto [slot, kept, point, direction] : {std::tuple{4, 0, QPoint(40, 0), 2}, {6, 0, QPoint(0, 20), 1},
+                                                {2, 0, QPoint(0, 0), 2}, {7, 1, QPoint(0, 0), 1},
+                                                {2, 1, QPoint(0, 0), 2}}) {
+        const TClueListPick pick = ClueListPickWord(p, slot, kept, 20);
+        EXPECT_EQ(std::pair(pick.Point, pick.WordDirection), std::pair(point, direction)) << slot << " " << kept;
+    }
 }
 
 TEST(ClueListLayout, ItemsAreOneTwoOrThreeLinesHigh)
@@ -74,19 +84,5 @@ TEST(ClueListLayout, LongCluesBreakAtSpacesWithAHangingIndentAndOthersNever)
             if (!lines[i].isEmpty()) {
                 EXPECT_EQ(layout.Origins[i], origins[i]) << text << " line " << i;
             }
-    }
-}
-
-TEST(ClueListPick, FindsTheFirstSquareOfThePickedWord)
-{
-    const TPuzzle p = PuzzleFrom(QString::fromLatin1(Shared));
-    // 3D, 5A, and 1D on the square of 1A; then a direction the grid kept, which stops the
-    // scan after the first square (still looked at).
-    for (auto [slot, kept, point, direction] : {std::tuple{4, 0, QPoint(40, 0), 2}, {6, 0, QPoint(0, 20), 1},
-                                                {2, 0, QPoint(0, 0), 2}, {7, 1, QPoint(0, 0), 1},
-                                                {2, 1, QPoint(0, 0), 2}}) {
-        const TClueListPick pick = ClueListPickWord(p, slot, kept, 20);
-        EXPECT_EQ(pick.Point, point) << slot << " " << kept;
-        EXPECT_EQ(pick.WordDirection, direction) << slot << " " << kept;
     }
 }

@@ -47,10 +47,6 @@ TEST(GridGeometry, WordsRunOnFromTheSquareAndBackToTheirStart)
 
 TEST(GridGeometry, WindowSizePlaceAndFont)
 {
-    EXPECT_EQ(MiddleLine(15), 8);
-    EXPECT_EQ(MiddleLine(11), 6);
-    EXPECT_EQ(GridWindowExtent(23, 31), 722);
-
     // Never below one pixel; a snapped small grid stays snapped; no grid keeps the size.
     for (const auto &[width, size, side] : {std::tuple{10 * 15 + 9, 15, 10}, {329, 15, 21}, {3, 15, 1},
                                             {5 * 20 + 9, 5, 20}, {5 * 20 + 10, 5, 22}, {300, 0, 20}})

@@ -12,3 +12,14 @@ TEST(PuzzleSpecText, ThreeLinesJoinedByCrLf)
                                                  " Black Squares: 2  Par: 37\r\n"
                                                  " Word Count: 30  Par: 78"));
 }
+
+// The pars are published figures, not derived ones: a mistyped entry shows only here.
+TEST(Pars, MatchThePublishedTableForEverySize)
+{
+    const int table[][3] = {{11, 40, 20}, {13, 56, 28}, {15, 78, 37}, {17, 96, 48}, {19, 120, 60},
+                            {21, 146, 73}, {23, 170, 88}, {12, 0, 24}, {0, 0, 0}};
+    for (const auto &[size, words, black] : table) {
+        EXPECT_EQ(WordPar(size), words) << "size " << size;
+        EXPECT_EQ(BlackPar(size), black) << "size " << size;
+    }
+}

@@ -235,9 +235,15 @@ TUnlocked unlockAnswers(const QByteArray &solution, int width, int height, uint1
     return result;
 }
 
-}  // namespace
+// Latin-1 as an Across Lite file holds it: the C1 controls are no letters.
+bool isLatin1(QChar ch)
+{
+    return ch.unicode() <= 0xFF && !(ch.unicode() >= 0x80 && ch.unicode() < 0xA0);
+}
 
-QString PlainLatin1(const QString &text)
+// The text with what Latin-1 lacks in its plain form: curly quotes straight, dashes "-",
+// "…" as "...", anything else "?".
+QString plainLatin1(const QString &text)
 {
     static const QHash<char16_t, QString> plain = {
         {u'\u2018', "'"}, {u'\u2019', "'"}, {u'\u201A', "'"}, {u'\u201C', "\""}, {u'\u201D', "\""},
@@ -250,13 +256,15 @@ QString PlainLatin1(const QString &text)
     QString out;
     out.reserve(text.size());
     for (const QChar ch : text) {
-        if (ch.unicode() <= 0xFF && !(ch.unicode() >= 0x80 && ch.unicode() < 0xA0))
+        if (isLatin1(ch))
             out += ch;
         else
             out += plain.value(ch.unicode(), QStringLiteral("?"));
     }
     return out;
 }
+
+}  // namespace
 
 uint16_t PuzChecksum(const QByteArray &bytes, uint16_t start)
 {
@@ -390,7 +398,6 @@ QByteArray WritePuz(const TForeignPuzzle &f, QStringList *warnings)
         if (text.contains(QChar(0)))
             throw TInterchangeError(QStringLiteral("A clue or title holds a NUL character, which an Across Lite file "
                                                    "cannot hold."));
-    const auto isLatin1 = [](QChar ch) { return ch.unicode() <= 0xFF && !(ch.unicode() >= 0x80 && ch.unicode() < 0xA0); };
     bool latin1 = true;
     for (const QString &text : std::as_const(texts))
         latin1 = latin1 && std::all_of(text.begin(), text.end(), isLatin1);
@@ -404,7 +411,7 @@ QByteArray WritePuz(const TForeignPuzzle &f, QStringList *warnings)
     if (!latin1 && !asciiGrid) {
         QStringList changed;
         for (int i = 0; i < texts.size(); ++i) {
-            const QString plain = PlainLatin1(texts[i]);
+            const QString plain = plainLatin1(texts[i]);
             if (plain == texts[i])
                 continue;
             texts[i] = plain;
@@ -428,7 +435,7 @@ QByteArray WritePuz(const TForeignPuzzle &f, QStringList *warnings)
     for (const TForeignSquare &square : f.Squares) {
         const auto byteOf = [](const QString &letter) {
             const char16_t u = letter.front().unicode();
-            if (letter.size() != 1 || u > 0xFF || (u >= 0x80 && u < 0xA0) || u <= ' ' || u == '.' || u == '-')
+            if (letter.size() != 1 || !isLatin1(letter.front()) || u <= ' ' || u == '.' || u == '-')
                 throw TInterchangeError(QStringLiteral("The letter %1 cannot be written to an Across Lite file (.puz), "
                                                        "whose grid holds Latin-1 letters only.")
                                             .arg(letter));

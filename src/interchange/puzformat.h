@@ -19,9 +19,5 @@ TForeignPuzzle ReadPuz(const QByteArray &bytes);
 // Latin-1 lacks.
 QByteArray WritePuz(const TForeignPuzzle &f, QStringList *warnings = nullptr);
 
-// The text with what Latin-1 lacks in its plain form: curly quotes straight, dashes "-",
-// "…" as "...", anything else "?".
-QString PlainLatin1(const QString &text);
-
 // The checksum every part of the file is guarded by.
 uint16_t PuzChecksum(const QByteArray &bytes, uint16_t start = 0);

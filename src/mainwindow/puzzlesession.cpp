@@ -7,6 +7,7 @@
 #include "mainwindow/trash.h"
 #include "model/clearpuzzle.h"
 #include "model/puzzlefile.h"
+#include "settings/settingkeys.h"
 #include "settings/txwdprocs.h"
 
 #include <QDir>
@@ -101,9 +102,7 @@ std::optional<TFileChoice> TPuzzleSession::chooseSaveName(const QString &title, 
 bool TPuzzleSession::commit(const QString &path, const TPuzzle &record)
 {
     try {
-        WriteFileAtomically(path, EncodePuzzle(record));
-        // A save killed before its rename left a temporary file beside the puzzle.
-        RemoveSaveLeftovers(path);
+        WritePuzzleBytes(path, EncodePuzzle(record));
     } catch (const TPuzzleIOError &e) {
         error(QStringLiteral("The puzzle could not be saved.\n%1").arg(QString::fromStdString(e.what())));
         return false;
@@ -128,7 +127,7 @@ void TPuzzleSession::becomeOpen(const QString &path, uint8_t mode, const QString
     // A puzzle with no file yet is changed whatever is undone.
     if (path.isEmpty())
         history_.MarkDifferentFromFile();
-    WriteSetting(QStringLiteral("CurrentPuzzle"), CurrentPuzzlePath);
+    WriteSetting(Setting::CurrentPuzzle, CurrentPuzzlePath);
     emit opened();
     emit historyChanged();
 }
@@ -223,7 +222,7 @@ bool TPuzzleSession::OpenHistory(int k)
 {
     if (!SaveChangesQuery())
         return false;
-    const QString entry = ReadText(QStringLiteral("HistoryPuzzle%1").arg(k));
+    const QString entry = k >= 1 && k <= HistorySize ? ReadText(Setting::HistoryPuzzle[k - 1]) : QString();
     if (entry.size() < 3)
         return false;
     const QString path = HistoryPath(entry);
@@ -282,8 +281,7 @@ bool TPuzzleSession::SaveAs()
     if (choice->FilterIndex == 2) {
         // A version-5 copy is an export: the open puzzle stays as it is.
         try {
-            WriteFileAtomically(choice->Path, EncodePuzzle5(Puzzle));
-            RemoveSaveLeftovers(choice->Path);
+            WritePuzzleBytes(choice->Path, EncodePuzzle5(Puzzle));
         } catch (const TPuzzleIOError &e) {
             error(QStringLiteral("The puzzle could not be saved.\n%1").arg(QString::fromStdString(e.what())));
             return false;
@@ -390,8 +388,8 @@ bool TPuzzleSession::DeleteSolved()
     PuzzleChanged = false;
     CurrentPuzzlePath.clear();
     untitledName_.clear();
-    WriteSetting(QStringLiteral("CurrentPuzzle"), QString());
-    WriteSetting(QStringLiteral("HistoryPuzzle1"), QString());
+    WriteSetting(Setting::CurrentPuzzle, QString());
+    WriteSetting(Setting::HistoryPuzzle[0], QString());
     clearHistory();
     emit closed();
     return true;
@@ -424,10 +422,10 @@ QStringList TPuzzleSession::RebuildHistory()
 {
     QStringList stored;
     for (int k = 1; k <= HistorySize; ++k)
-        stored.append(ReadText(QStringLiteral("HistoryPuzzle%1").arg(k)));
-    const QStringList entries = HistoryEntries(ReadText(QStringLiteral("CurrentPuzzle")), open_, IsSolving(), stored);
-    for (int k = 1; k <= int(entries.size()); ++k)
-        WriteSetting(QStringLiteral("HistoryPuzzle%1").arg(k), entries[k - 1]);
+        stored.append(ReadText(Setting::HistoryPuzzle[k - 1]));
+    const QStringList entries = HistoryEntries(ReadText(Setting::CurrentPuzzle), open_, IsSolving(), stored);
+    for (int k = 1; k <= int(entries.size()) && k <= HistorySize; ++k)
+        WriteSetting(Setting::HistoryPuzzle[k - 1], entries[k - 1]);
     return entries;
 }
 
@@ -521,11 +519,6 @@ std::optional<TUndoPlace> TPuzzleSession::step(bool back)
     emit historyChanged();
     emit restored();
     return place;
-}
-
-void TPuzzleSession::MarkDifferentFromFile()
-{
-    history_.MarkDifferentFromFile();
 }
 
 void TPuzzleSession::clearHistory()

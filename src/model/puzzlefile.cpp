@@ -222,13 +222,16 @@ TPuzzle OpenPuzzleRecord(const QString &path)
         return ReadPuzzleRecord(path);
     } catch (const TPuzzleIOError &) {
         const TPuzzle converted = ConvertPuzzle5(readVersion5(path));
-        WriteFileAtomically(path, EncodePuzzle(converted));
-        RemoveSaveLeftovers(path);
+        WritePuzzleBytes(path, EncodePuzzle(converted));
         return converted;
     }
 }
 
-void RemoveSaveLeftovers(const QString &path)
+namespace {
+
+// A save killed between writing its temporary file and renaming it leaves NAME.XXXXXX
+// beside the puzzle (six letters or digits); the next save of the puzzle removes them.
+void removeSaveLeftovers(const QString &path)
 {
     const QFileInfo target(path);
     const QRegularExpression leftover(QRegularExpression::anchoredPattern(
@@ -241,29 +244,27 @@ void RemoveSaveLeftovers(const QString &path)
             QFile::remove(file.absoluteFilePath());
 }
 
+}  // namespace
+
+void WritePuzzleBytes(const QString &path, const QByteArray &bytes)
+{
+    WriteFileAtomically(path, bytes);
+    removeSaveLeftovers(path);
+}
+
 void ReadPuzzle(const QString &path)
 {
     Puzzle = ReadPuzzleRecord(path);
 }
 
-void ReadPuzzle5(const QString &path)
-{
-    const TPuzzle converted = ConvertPuzzle5(readVersion5(path));
-    WriteFileAtomically(path, EncodePuzzle(converted));
-    RemoveSaveLeftovers(path);
-    Puzzle = converted;
-}
-
 void WritePuzzle(const QString &path)
 {
-    WriteFileAtomically(path, EncodePuzzle(Puzzle));
-    RemoveSaveLeftovers(path);
+    WritePuzzleBytes(path, EncodePuzzle(Puzzle));
 }
 
 void WritePuzzle5(const QString &path)
 {
-    WriteFileAtomically(path, EncodePuzzle5(Puzzle));
-    RemoveSaveLeftovers(path);
+    WritePuzzleBytes(path, EncodePuzzle5(Puzzle));
 }
 
 void OpenPuzzleFile(const QString &path)

@@ -50,17 +50,14 @@ TPuzzle OpenPuzzleRecord(const QString &path);
 // tools. Every failure throws TPuzzleIOError, and a failed
 // read leaves Puzzle as it was.
 void ReadPuzzle(const QString &path);
-// Converts a file of exactly the version-5 length and rewrites it in the current version
-// at once; a file of any other length is refused and left as it is.
-void ReadPuzzle5(const QString &path);
 // Atomic: an interrupted or failed write leaves the old file whole.
 void WritePuzzle(const QString &path);
 void WritePuzzle5(const QString &path);
 void OpenPuzzleFile(const QString &path);
 
-// A save killed between writing its temporary file and renaming it leaves NAME.XXXXXX
-// beside the puzzle (six letters or digits); the next save of the puzzle removes them.
-void RemoveSaveLeftovers(const QString &path);
+// Writes a puzzle file atomically, then removes what an earlier save killed before its
+// rename left beside it. Throws TPuzzleIOError.
+void WritePuzzleBytes(const QString &path, const QByteArray &bytes);
 
 // Writes bytes atomically, or throws.
 void WriteFileAtomically(const QString &path, const QByteArray &bytes);

@@ -233,9 +233,7 @@ private:
     }
     QString answer(int c, int r, Direction d) const
     {
-        QByteArray word = p_.GetWord(c, r, char(d));
-        word.replace('\0', ' ');
-        return FromCp1252(word);
+        return ShownText(p_.GetWord(c, r, char(d)));
     }
 
     // ---- Heading and manuscript ----

@@ -8,11 +8,6 @@
 #include <QPainter>
 #include <QPdfWriter>
 
-QString PdfSubject(const TPuzzle &p)
-{
-    return BylineText(p);
-}
-
 namespace {
 
 QByteArray pdfTextString(const QString &text)
@@ -116,7 +111,7 @@ void PrintToPdf(const TPuzzle &p, const TPrintJob &job, const QString &path)
     TPrintJob letter = job;
     letter.PageWidth = LetterWidth;
     letter.PageHeight = LetterHeight;
-    WriteFileAtomically(path, PdfDocument(ComposePages(p, letter), job.Title, PdfSubject(p)));
+    WriteFileAtomically(path, PdfDocument(ComposePages(p, letter), job.Title, BylineText(p)));
 }
 
 void TPrintToPDF::Run(const TPuzzle &p, const TPrintJob &formats) const

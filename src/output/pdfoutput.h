@@ -11,8 +11,6 @@
 #include <QList>
 #include <QString>
 
-// The document subject: the byline, none for "--", "a Quillmark puzzle" when empty.
-QString PdfSubject(const TPuzzle &p);
 // The PDF file's bytes for `pages`.
 QByteArray PdfDocument(const QList<TPage> &pages, const QString &title, const QString &subject);
 

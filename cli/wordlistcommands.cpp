@@ -3,6 +3,7 @@
 
 #include "cli.h"
 #include "clues/gridlanguage.h"
+#include "fill/fillengine.h"
 #include "fill/fillreport.h"
 #include "fill/patternindex.h"
 #include "model/cp1252.h"
@@ -70,7 +71,7 @@ int match(Arguments args, QTextStream &out)
 
 QString entryName(const TReportEntry &e)
 {
-    return QStringLiteral("%1 %2").arg(e.Number).arg(e.Slot.Dir == Direction::Across ? "Across" : "Down");
+    return SlotName(TWordRef{e.Number, e.Slot.Dir});
 }
 
 QJsonObject entryJson(const TReportEntry &e)

@@ -51,7 +51,6 @@ quint64 Luby(quint64 i)
 // The list words of one length, best first, with a bitset per (position, letter) of the
 // words that have that letter there.
 struct TLengthTable {
-    int Length = 0;
     int Count = 0;
     int Blocks = 0;
     std::vector<uint8_t> Letters;  // Count x Length letter numbers
@@ -520,7 +519,6 @@ void TEngine::buildTables(const std::vector<bool> &fillable)
         }
         std::sort(keyed.begin(), keyed.end());
         TLengthTable &table = tables_[n];
-        table.Length = n;
         table.Count = int(keyed.size());
         table.Blocks = (table.Count + 63) / 64;
         table.Letters.resize(size_t(table.Count) * n);

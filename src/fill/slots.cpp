@@ -42,8 +42,3 @@ QByteArray SlotPattern(const TPuzzle &p, const TFillSlot &slot)
     }
     return pattern;
 }
-
-bool IsSlotComplete(const TPuzzle &p, const TFillSlot &slot)
-{
-    return slot.isValid() && !SlotPattern(p, slot).contains(AnyLetter);
-}

@@ -35,5 +35,3 @@ QList<TFillSlot> FillSlots(const TPuzzle &p);
 TFillSlot SlotThrough(const TPuzzle &p, int c, int r, Direction d);
 // The slot's letters, "?" for an empty or open square.
 QByteArray SlotPattern(const TPuzzle &p, const TFillSlot &slot);
-// A slot with no empty or open square.
-bool IsSlotComplete(const TPuzzle &p, const TFillSlot &slot);

@@ -1,5 +1,7 @@
 #include "fill/wordlistservice.h"
 
+#include "clues/gridlanguage.h"
+#include "settings/settingkeys.h"
 #include "settings/txwdprocs.h"
 
 #include <QtConcurrent/QtConcurrentRun>
@@ -39,6 +41,11 @@ QList<TWordListSource> ParseWordListSources(const QString &text)
     if (!hasDefault)
         sources.append(TWordListSource{});
     return sources;
+}
+
+int ConstructionLanguage()
+{
+    return std::clamp(ReadInt(Setting::GridLanguage), 0, GridLanguageCount - 1);
 }
 
 TWordListConfig WordListConfigFromSettings(int language)
@@ -89,7 +96,7 @@ std::shared_ptr<const TLexicon> TWordListService::Lexicon(const TWordListConfig 
 
 std::shared_ptr<const TLexicon> TWordListService::FromSettings()
 {
-    return Lexicon(WordListConfigFromSettings(std::clamp(ReadInt(QStringLiteral("GridLanguage"), 0), 0, 8)));
+    return Lexicon(WordListConfigFromSettings(ConstructionLanguage()));
 }
 
 void TWordListService::Invalidate()

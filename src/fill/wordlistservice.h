@@ -21,6 +21,8 @@ struct TLexicon {
 // The preferences' choice: the lists in order with their switches (an empty path is the
 // default list), and the lowest score offered; the personal list in the user's data folder.
 TWordListConfig WordListConfigFromSettings(int language);
+// The grid language of construction, as the preferences store it.
+int ConstructionLanguage();
 void WriteWordListSettings(const QList<TWordListSource> &sources, int minScore);
 // The settings' text for the lists: one "1<TAB>path" (on) or "0<TAB>path" (off) a line.
 QString FormatWordListSources(const QList<TWordListSource> &sources);

@@ -306,7 +306,7 @@ void TWordFinderForm::Refresh()
 void TWordFinderForm::recompute()
 {
     lexicon_ = WordLists().FromSettings();
-    const int language = std::clamp(ReadInt(QStringLiteral("GridLanguage"), 0), 0, 8);
+    const int language = ConstructionLanguage();
     QByteArray pattern = ToCp1252(PatternEdit->text().toUpper(), '\0');
     pattern.replace(' ', AnyLetter);
     model_->reset(nullptr, nullptr);

@@ -85,7 +85,7 @@ TWordListsPage::TWordListsPage(QWidget *parent) : QWidget(parent)
 
 void TWordListsPage::addItem(const QString &path, bool enabled)
 {
-    const int language = std::clamp(ReadInt(QStringLiteral("GridLanguage"), 0), 0, GridLanguageCount - 1);
+    const int language = ConstructionLanguage();
     auto *item = new QListWidgetItem(
         path.isEmpty() ? QStringLiteral("Default list (%1)").arg(GridLanguageName(language)) : path, ListsList);
     item->setData(PathRole, path);

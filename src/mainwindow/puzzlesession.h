@@ -62,7 +62,6 @@ public:
 
     // The questions are asked through `prompts`; the session keeps it.
     void SetPrompts(std::shared_ptr<TSessionPrompts> prompts);
-    TSessionPrompts *Prompts() const { return prompts_.get(); }
 
     // --- State -------------------------------------------------------------------------
     bool IsOpen() const { return open_; }
@@ -147,9 +146,6 @@ public:
     std::optional<TUndoPlace> Undo();
     std::optional<TUndoPlace> Redo();
     const TUndoHistory &History() const { return history_; }
-    // A puzzle that differs from its file from the start (a recovered one): undoing every
-    // step still leaves it changed.
-    void MarkDifferentFromFile();
 
 signals:
     // A puzzle was opened or created: every window starts over with it.

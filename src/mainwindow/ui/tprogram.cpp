@@ -48,9 +48,7 @@ TProgram::TProgram()
     TRecoveryKeeper *keeper = recovery_.get();
     const auto sync = [keeper] { keeper->PuzzleStateChanged(); };
     TPuzzleSession *session = &Session();
-    QObject::connect(session, &TPuzzleSession::opened, keeper, sync);
-    QObject::connect(session, &TPuzzleSession::changed, keeper, sync);
-    QObject::connect(session, &TPuzzleSession::saved, keeper, sync);
+    // Every open, change, undo and save of the puzzle ends with historyChanged.
     QObject::connect(session, &TPuzzleSession::historyChanged, keeper, sync);
     QObject::connect(session, &TPuzzleSession::closed, keeper, &TRecoveryKeeper::PuzzleClosed);
 

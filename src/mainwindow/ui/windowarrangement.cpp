@@ -3,6 +3,7 @@
 #include "clues/ui/tautoclueform.h"
 #include "mainwindow/screenlayout.h"
 #include "settings/screenfit.h"
+#include "settings/settingkeys.h"
 #include "settings/txwdprocs.h"
 #include "views/gridgeometry.h"
 #include "views/ui/tcluesform.h"
@@ -15,14 +16,9 @@
 
 namespace {
 
-std::optional<QRect> boundsFromSetting(const QString &name)
+void writeBoundsOf(const TSettingKey &key, const QWidget *window)
 {
-    return ReadScreenBounds(name);
-}
-
-void writeBoundsOf(const QString &name, const QWidget *window)
-{
-    WriteBounds(name, window->x(), window->y(), window->width(), window->height());
+    WriteBounds(key.Name, window->x(), window->y(), window->width(), window->height());
 }
 
 QRect screenOf(const QWidget *window)
@@ -35,7 +31,7 @@ QRect screenOf(const QWidget *window)
 void TWindowArrangement::PlaceAtStart()
 {
     // Clear of the grid window, which opens at the top left; on the screen, title bar and all.
-    if (const auto bounds = boundsFromSetting(QStringLiteral("ScreenBoundsMain")))
+    if (const auto bounds = ReadScreenBounds(Setting::ScreenBoundsMain.Name))
         main_->move(FitBoundsToScreen(QRect(bounds->topLeft(), main_->size() + QSize(0, TitleBarAllowance)),
                                       AvailableScreenArea(bounds->topLeft()))
                         .topLeft());
@@ -45,7 +41,7 @@ void TWindowArrangement::PlaceAtStart()
 
 void TWindowArrangement::AutoArrange(QSize minimum)
 {
-    if (const auto bounds = boundsFromSetting(QStringLiteral("ScreenBoundsMain"))) {
+    if (const auto bounds = ReadScreenBounds(Setting::ScreenBoundsMain.Name)) {
         main_->move(bounds->topLeft());
         main_->resize(bounds->size());
     } else {
@@ -54,10 +50,10 @@ void TWindowArrangement::AutoArrange(QSize minimum)
     }
     if (XwdGridForm && XwdGridForm->isVisible())
         XwdGridForm->ArrangeFromSettings();
-    for (auto [window, setting] : {std::pair<QWidget *, const char *>{CluesForm, "ScreenBoundsClues"},
-                                   std::pair<QWidget *, const char *>{AutoclueForm, "ScreenBoundsAutoclue"}})
+    for (auto [window, setting] : {std::pair<QWidget *, const TSettingKey *>{CluesForm, &Setting::ScreenBoundsClues},
+                                   std::pair<QWidget *, const TSettingKey *>{AutoclueForm, &Setting::ScreenBoundsAutoclue}})
         if (window && window->isVisible())
-            if (const auto bounds = boundsFromSetting(QString::fromLatin1(setting))) {
+            if (const auto bounds = ReadScreenBounds(setting->Name)) {
                 window->move(bounds->topLeft());
                 window->resize(bounds->size());
             }
@@ -77,14 +73,14 @@ void TWindowArrangement::Arrange(int code, QSize minimum)
 
 void TWindowArrangement::WriteWindowBounds()
 {
-    writeBoundsOf(QStringLiteral("ScreenBoundsMain"), main_);
+    writeBoundsOf(Setting::ScreenBoundsMain, main_);
     if (XwdGridForm)
-        writeBoundsOf(QStringLiteral("ScreenBoundsGrid"), XwdGridForm);
+        writeBoundsOf(Setting::ScreenBoundsGrid, XwdGridForm);
     if (CluesForm)
-        writeBoundsOf(QStringLiteral("ScreenBoundsClues"), CluesForm);
+        writeBoundsOf(Setting::ScreenBoundsClues, CluesForm);
     if (AutoclueForm && AutoclueForm->isVisible())
-        writeBoundsOf(QStringLiteral("ScreenBoundsAutoclue"), AutoclueForm);
-    WriteSetting(QStringLiteral("ScreenSquare"), SquareSize);
+        writeBoundsOf(Setting::ScreenBoundsAutoclue, AutoclueForm);
+    WriteSetting(Setting::ScreenSquare, SquareSize);
 }
 
 void TWindowArrangement::FitMainWindow(QSize fitted)
